@@ -1,0 +1,214 @@
+/*
+ * The value record, its datatype codes and the element layouts of the
+ * primitive datatypes.
+ *
+ * A BACnetContents record carries one BACnet data value: a datatype code,
+ * an element count and a pointer to an array of that many elements laid out
+ * as the code prescribes. The byte counts quoted in comments are those of
+ * the 32-bit target; code uses sizeof so that a 64-bit host stays consistent.
+ */
+#ifndef BACFMT_CONTENTS_H
+#define BACFMT_CONTENTS_H
+
+#include <stdint.h>
+
+#if defined(BACFMT_BUILDING_LIBRARY)
+#define BACFMT_API __attribute__((visibility("default")))
+#else
+#define BACFMT_API
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* One value: 24 bytes on the 32-bit target. */
+typedef struct BACnetContents {
+    uint32_t type;        /* a BACnetContentsType code */
+    uint32_t count;       /* number of elements; 1 for a single value */
+    void *data;           /* array of `count` elements */
+    int32_t size;         /* payload bytes as computed by the scanner */
+    uint32_t reserved[2]; /* never read or written by the library */
+} BACnetContents;
+
+/* Datatype codes: primitive codes are the application tag times 16,
+ * constructed codes start at 256, 512..515 hold raw encoded data. */
+typedef enum BACnetContentsType {
+    CT_NULL = 0,
+    CT_BOOLEAN = 16,
+    CT_UNSIGNED = 32,
+    CT_SIGNED = 48,
+    CT_REAL = 64,
+    CT_DOUBLE = 80,
+    CT_OCTET_STRING = 96,
+    CT_CHARACTER_STRING = 112,
+    CT_BIT_STRING = 128,
+    CT_ENUMERATED = 144,
+    CT_DATE = 160,
+    CT_TIME = 176,
+    CT_OBJECT_ID = 192,
+
+    CT_PRI_ARRAY_ITEM = 256,
+    CT_ADDRESS = 257,
+    CT_DATE_TIME = 258,
+    CT_OBJ_PROP_REFERENCE = 259,
+    CT_PROPERTY_STATES = 260,
+    CT_EVENT_PARAMETER = 261,
+    CT_DATE_RANGE = 262,
+    CT_WEEK_N_DAY = 263,
+    CT_CALENDAR_ENTRY = 264,
+    CT_TIME_VALUE = 265,
+    CT_SPECIAL_EVENT = 266,
+    /* 267 is left unassigned */
+    CT_RECIPIENT = 268,
+    CT_SETPOINT_REFERENCE = 269,
+    CT_DESTINATION = 270,
+    CT_DAILY_SCHEDULE = 271,
+    CT_TIME_STAMP = 272,
+    CT_PROPERTY_REFERENCE = 273,
+    CT_ADDRESS_BINDING = 274,
+    CT_DEV_OBJ_PROP_REFERENCE = 275,
+    CT_CLIENT_COV = 276,
+    CT_LOG_RECORD = 277,
+    CT_ACTION_LIST = 278,
+    CT_READ_ACCESS_SPEC = 279,
+    CT_READ_ACCESS_RESULT = 280,
+    CT_COV_SUBSCRIPTION = 281,
+    CT_DEV_OBJ_REFERENCE = 282,
+    CT_DEV_OBJ_PROP_VALUE = 283,
+    CT_ACCUMULATOR_RECORD = 284,
+    CT_PRESCALE = 285,
+    CT_SCALE = 286,
+    CT_EVENT_LOG_RECORD = 287,
+    CT_LOG_RECORD_MULTIPLE = 288,
+    CT_SHED_LEVEL = 289,
+    CT_AUTHENTICATION_POLICY = 290,
+    CT_AUTHENTICATION_FACTOR = 291,
+    CT_CREDENTIAL_AUTHENTICATION_FACTOR = 292,
+    CT_ACCESS_RULE = 293,
+    CT_ASSIGNED_ACCESS_RIGHTS = 294,
+    CT_AUTHENTICATION_FACTOR_FORMAT = 295,
+    CT_OPTIONAL_CHARACTER_STRING = 296,
+    CT_PROPERTY_ACCESS_RESULT = 297,
+    CT_VT_SESSION = 298,
+    CT_SESSION_KEY = 299,
+    CT_NETWORK_SECURITY_POLICY = 300,
+    CT_KEY_IDENTIFIER = 301,
+    CT_SECURITY_KEY_SET = 302,
+    CT_LIGHTING_COMMAND = 303,
+    CT_CHANNEL_VALUE = 304,
+    CT_EVENT_NOTIFICATION_SUBSCRIPTION = 305,
+    CT_PROCESS_ID_SELECTION = 306,
+    CT_PORT_PERMISSION = 307,
+    CT_FAULT_PARAMETER = 308,
+
+    CT_ASN1_FIRST = 512,
+    CT_ASN1_SECOND = 513,
+    CT_ASN1_THIRD = 514,
+    CT_ASN1_LAST = 515 /* scans, but prints as "?" */
+} BACnetContentsType;
+
+/* Character set codes of a character string (first field of the element). */
+enum {
+    BACNET_CHARSET_ANSI_X34 = 0,  /* held and printed as UTF-8 */
+    BACNET_CHARSET_DBCS = 1,      /* 16-bit units, carries a code page */
+    BACNET_CHARSET_JIS_X0208 = 2, /* 8-bit units */
+    BACNET_CHARSET_UCS4 = 3,      /* 32-bit units */
+    BACNET_CHARSET_UCS2 = 4,      /* 16-bit units */
+    BACNET_CHARSET_ISO8859_1 = 5, /* 8-bit units */
+    BACNET_CHARSET_NULL_CHOICE = -1 /* 0xFFFFFFFF: the NULL of an optional string */
+};
+
+/* A 32-bit array index, priority or week field of all ones means absent. */
+#define BACNET_ABSENT_U32 0xFFFFFFFFu
+
+/* Octet string element (12 bytes): pointer first, length last. */
+typedef struct BACnetOctetString {
+    uint8_t *octets;
+    uint32_t bufferSize; /* the scanner sets both sizes to the octet count */
+    uint32_t length;
+} BACnetOctetString;
+
+/* Character string element (16 bytes): zero-terminated units of 1, 2 or 4
+ * bytes depending on the character set. */
+typedef struct BACnetCharString {
+    uint32_t charSet;
+    uint16_t codePage;   /* only for BACNET_CHARSET_DBCS, else 0 */
+    uint32_t bufferSize; /* bytes, terminating unit included */
+    void *chars;
+} BACnetCharString;
+
+#define BACNET_BITSTRING_MAX_BITS 80
+#define BACNET_BITSTRING_BYTES 10
+
+/* Bit string element (24 bytes). Bit n lives in byte n/8 under mask
+ * 0x80 >> (n % 8). `given` marks the bits a scanned text spelled out. */
+typedef struct BACnetBitString {
+    uint32_t bitCount;
+    uint8_t bits[BACNET_BITSTRING_BYTES];
+    uint8_t given[BACNET_BITSTRING_BYTES];
+} BACnetBitString;
+
+/* Date element (16 bytes). */
+typedef struct BACnetDate {
+    uint16_t year;      /* full year; 65535 = unspecified */
+    uint32_t month;     /* 0 = unspecified */
+    uint8_t day;        /* 255 = unspecified; 32..34 are special days */
+    uint32_t dayOfWeek; /* 0 = unspecified, 1 = Monday */
+} BACnetDate;
+
+/* Time element (4 bytes); 255 in a field means unspecified. */
+typedef struct BACnetTime {
+    uint8_t hour;
+    uint8_t minute;
+    uint8_t second;
+    uint8_t hundredths;
+} BACnetTime;
+
+/* Object identifier element (8 bytes). */
+typedef struct BACnetObjectID {
+    uint32_t type;
+    uint32_t instance;
+} BACnetObjectID;
+
+/* Raw encoded data element (8 bytes): length first, pointer last. */
+typedef struct BACnetRawASN1 {
+    uint32_t length;
+    uint8_t *octets;
+} BACnetRawASN1;
+
+/* Date and time element (20 bytes). */
+typedef struct BACnetDateTime {
+    BACnetDate date;
+    BACnetTime time;
+} BACnetDateTime;
+
+/* One-token texts of the notation. */
+BACFMT_API extern const char UnknownString[];       /* "?" */
+BACFMT_API extern const char UnspecifiedString[];   /* "*" */
+BACFMT_API extern const char CommaString[];         /* "," */
+BACFMT_API extern const char QuoteString[];         /* "\"" */
+BACFMT_API extern const char SingleQuoteString[];   /* "'" */
+BACFMT_API extern const char AccentGraveString[];   /* C2 B4, the acute accent */
+BACFMT_API extern const char EscapeQuoteString[];   /* "\\" */
+BACFMT_API extern const char HexQuoteString[];      /* "0x" */
+BACFMT_API extern const char HexUnspecifiedString[];/* "ff" */
+BACFMT_API extern const char SpaceString[];         /* " " */
+BACFMT_API extern const char NullString[];          /* "NULL" */
+BACFMT_API extern const char TrueString[];          /* "T" */
+BACFMT_API extern const char FalseString[];         /* "F" */
+BACFMT_API extern const char LBraceString[];        /* "(" */
+BACFMT_API extern const char RBraceString[];        /* ")" */
+BACFMT_API extern const char LBracketString[];      /* "(" */
+BACFMT_API extern const char RBracketString[];      /* ")" */
+BACFMT_API extern const char HyphenString[];        /* "-" */
+BACFMT_API extern const char EqualsToString[];      /* " => " */
+
+/* The name of a datatype code ("CT_REAL"), or NULL for a code that has none. */
+BACFMT_API const char *BACnetContentsTypeName(uint32_t type);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif /* BACFMT_CONTENTS_H */

@@ -1,0 +1,95 @@
+/*
+ * Printing values as text.
+ *
+ * Every BACnetSPrint... function writes into `dst`, whose capacity `size`
+ * includes the terminating zero, and returns the number of characters
+ * written (terminator not counted) or a negative code: -2 when the text does
+ * not fit, other negative values passed through from the C library. The text
+ * written so far is always zero-terminated. `symbolic` zero prints
+ * enumerations, object types and booleans as numbers, nonzero by name.
+ */
+#ifndef BACFMT_PRINT_H
+#define BACFMT_PRINT_H
+
+#include <bacfmt/contents.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* Size of the static buffer behind BACnetPrintContents. */
+#define BACNET_PRINT_BUFFER_SIZE 524288
+
+/* prefixMode: 0 none, 1 "[tag] " before primitive values, 2 before every value. */
+BACFMT_API int BACnetSPrintContents(char *dst, int size, const BACnetContents *contents,
+                                    uint32_t propertyId, uint8_t symbolic, uint8_t prefixMode);
+/* Prints into the library's static buffer and returns it; not reentrant. */
+BACFMT_API char *BACnetPrintContents(const BACnetContents *contents, uint32_t propertyId,
+                                     uint8_t symbolic);
+BACFMT_API char *BACnetPrintBuffer(uint32_t *sizeOut);
+/* "[tag]" when size is greater than 8, else -2. */
+BACFMT_API int BACnetSPrintTag(char *dst, int size, int tag);
+
+/* Length of what `format` would produce. */
+BACFMT_API int _scprintf(const char *format, ...)
+#if defined(__GNUC__)
+    __attribute__((format(printf, 1, 2)))
+#endif
+    ;
+BACFMT_API int BACnetSPrintString(char *dst, int size, const char *text);
+
+/* Primitive values. */
+BACFMT_API int BACnetSPrintUnsigned(char *dst, int size, uint32_t value);
+BACFMT_API int BACnetSPrintSigned(char *dst, int size, int32_t value);
+BACFMT_API int BACnetSPrintBoolean(char *dst, int size, uint8_t value, uint8_t symbolic);
+BACFMT_API int BACnetSPrintReal(char *dst, int size, float value);
+BACFMT_API int BACnetSPrintDouble(char *dst, int size, double value);
+/* mode 0 number; 1 "n => name"; 2 "n => name (n)"; 3 as 1, load-control
+ * names for present-value. */
+BACFMT_API int BACnetSPrintEnum(char *dst, int size, uint32_t value, uint32_t propertyId,
+                                uint8_t mode);
+BACFMT_API int BACnetSPrintBitString(char *dst, int size, const BACnetBitString *value,
+                                     uint32_t propertyId, uint8_t symbolic);
+BACFMT_API int BACnetSPrintHex(char *dst, int size, const uint8_t *octets, uint32_t length);
+BACFMT_API int BACnetSPrintOctetString(char *dst, int size, const BACnetOctetString *value);
+BACFMT_API int BACnetSPrintRawASN1(char *dst, int size, const BACnetRawASN1 *value);
+BACFMT_API int BACnetSPrintDate(char *dst, int size, const BACnetDate *value);
+BACFMT_API int BACnetSPrintTime(char *dst, int size, const BACnetTime *value);
+BACFMT_API int BACnetSPrintDateTime(char *dst, int size, const BACnetDateTime *value);
+BACFMT_API int BACnetSPrintObjectID(char *dst, int size, const BACnetObjectID *value,
+                                    uint8_t symbolic);
+
+/* Plain arrays of primitive values, "(" values ")". */
+BACFMT_API int BACnetSPrintUnsignedList(char *dst, int size, const uint32_t *values,
+                                        uint32_t count);
+BACFMT_API int BACnetSPrintSignedList(char *dst, int size, const int32_t *values,
+                                      uint32_t count);
+BACFMT_API int BACnetSPrintRealList(char *dst, int size, const float *values, uint32_t count);
+BACFMT_API int BACnetSPrintDoubleList(char *dst, int size, const double *values,
+                                      uint32_t count);
+BACFMT_API int BACnetSPrintEnumList(char *dst, int size, const uint32_t *values,
+                                    uint32_t count, uint32_t propertyId, uint8_t mode);
+BACFMT_API int BACnetSPrintStringList(char *dst, int size, const BACnetCharString *values,
+                                      uint32_t count);
+
+/* Character strings: UTF-8 output, quoted when `quote` is nonzero so that
+ * the scanner can read the text back. `style` is ignored. */
+BACFMT_API int BACnetSPrintAnyString(char *dst, uint32_t size, const BACnetCharString *s,
+                                     uint32_t style, uint8_t quote);
+
+/* UTF-8 coders and whole-string converters. */
+BACFMT_API int utf8_encode(uint32_t code, uint8_t *dst, int capacity);
+BACFMT_API int utf8_decode(uint32_t *code, const uint8_t *src);
+BACFMT_API int bacstr_to_utf8(const BACnetCharString *s, uint8_t *dst, uint32_t capacity);
+BACFMT_API int bacstr_from_utf8(BACnetCharString *s, const uint8_t *src, uint32_t length);
+
+/* Character set and code page given to the strings that scanners build
+ * (defaults 0 and 850). */
+BACFMT_API void BACnetSetBACnetCharstringEncodingTypeAndCodepage(uint32_t type,
+                                                                 uint32_t codepage);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif /* BACFMT_PRINT_H */

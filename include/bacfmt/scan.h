@@ -1,0 +1,82 @@
+/*
+ * Scanning text into values.
+ *
+ * Scanning runs in two passes. The sizing pass (`sizeOnly` nonzero) writes
+ * nothing and returns the bytes the record and its payload need. The filling
+ * pass either allocates the record and every payload block with malloc (pass
+ * a pointer to a null record pointer), or lays everything out in one caller
+ * buffer of the size found, behind a record the caller placed at its start.
+ *
+ * Results: bytes accounted, or
+ *   -1  the element count differs from the expected count,
+ *   -2  syntax error (brackets, missing field, unconvertible value),
+ *   -3  datatype not settled or not supported, unrecognised form or name,
+ *   -4  a choice tag disagrees with the datatype already settled.
+ * Scanners cut the text in place: it must be writable. Nothing is freed on
+ * failure. Scanning is not reentrant.
+ */
+#ifndef BACFMT_SCAN_H
+#define BACFMT_SCAN_H
+
+#include <bacfmt/contents.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* Result of a name lookup that found nothing. */
+#define BACNET_ENUM_UNKNOWN (-255)
+
+/*
+ * Scans `text` into `*contents`. `expectedCount` 0 or less accepts any count.
+ * `tail` must be a valid pointer; a null `*tail` lays the payload directly
+ * behind the record, a non-null one is the cursor of a nested scan and gets
+ * the advanced cursor back. `hint` is an enumeration selector, usually a
+ * property identifier; -1 means none and lets a leading "[n]" tag set the type.
+ */
+BACFMT_API int BACnetSScanContents(char *text, BACnetContents **contents, int32_t expectedCount,
+                                   int32_t separateLists, void **tail, int32_t sizeOnly,
+                                   int32_t hint);
+BACFMT_API int BACnetSScanContent(char *text, BACnetContents **contents, int32_t expectedCount,
+                                  int32_t separateLists, void **tail, int32_t sizeOnly);
+/* Value of an enumeration name in the table `selector`; BACNET_ENUM_UNKNOWN
+ * when the name is unknown, 0 when no tables exist. Trims `text` in place. */
+BACFMT_API int32_t BACnetGetEnumValue(char *text, uint32_t selector, uint32_t unused,
+                                      uint8_t exactCase);
+
+/* Primitive scanners. `payload` is the record's data slot: a null slot in the
+ * filling pass makes the scanner allocate. `count` holds the expected count
+ * on entry and the number found on return. */
+BACFMT_API int BACnetSScanBoolean(char *text, void **payload, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanUnsigned(char *text, void **payload, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanSigned(char *text, void **payload, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanReal(char *text, void **payload, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanDouble(char *text, void **payload, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanTime(char *text, void **payload, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanDate(char *text, void **payload, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanObjectID(char *text, void **payload, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanDateTime(char *text, void **payload, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanEnum(char *text, void **payload, int32_t *count, int32_t selector,
+                               int32_t sizeOnly);
+BACFMT_API int BACnetSScanBitString(char *text, void **payload, int32_t *count,
+                                    int32_t *expectedBits, int32_t sizeOnly);
+/* Variable-length scanners: octets or characters go behind the element
+ * array at `*tail` (single block) or into malloc blocks of their own. */
+BACFMT_API int BACnetSScanOctetString(char *text, void **payload, int32_t separateLists,
+                                      void **tail, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanASN1String(char *text, void **payload, int32_t separateLists,
+                                     void **tail, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanString(char *text, void **payload, int32_t separateLists,
+                                 void **tail, int32_t *count, int32_t sizeOnly);
+
+/* Bit-string helpers. */
+BACFMT_API int BACnetTestBitStringBit(const BACnetBitString *bits, uint8_t bit);
+BACFMT_API int BACnetSetBitStringBit(BACnetBitString *bits, uint8_t bit, uint8_t value);
+/* "10TF..." into a bit string; 0, or 22 (EINVAL) for a bad argument or character. */
+BACFMT_API int BACnetCharStringToBitString(const char *text, BACnetBitString *bits);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif /* BACFMT_SCAN_H */

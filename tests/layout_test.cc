@@ -1,0 +1,37 @@
+// Record and element sizes: the contract's byte counts are those of the
+// 32-bit target and are asserted there; the host build only checks the
+// layouts that do not hold pointers.
+#include <cstddef>
+#include <gtest/gtest.h>
+
+#include <bacfmt/bacfmt.h>
+
+extern "C" int bacfmt_c_header_probe(void);
+
+namespace {
+
+constexpr bool kPointers32 = sizeof(void *) == 4;
+
+TEST(Layout, PointerFreeElementsHaveContractSizes) {
+    EXPECT_EQ(sizeof(BACnetBitString), 24u);
+    EXPECT_EQ(sizeof(BACnetDate), 16u);
+    EXPECT_EQ(sizeof(BACnetTime), 4u);
+    EXPECT_EQ(sizeof(BACnetObjectID), 8u);
+    EXPECT_EQ(sizeof(BACnetDateTime), 20u);
+    EXPECT_EQ(sizeof(BACnetErrorInfo), 12u);
+    EXPECT_EQ(sizeof(ObjPropDescription), 20u);
+}
+
+TEST(Layout, RecordAndPointerElementsOn32BitTarget) {
+    if (!kPointers32) GTEST_SKIP() << "sizes of the 32-bit target";
+    EXPECT_EQ(sizeof(BACnetContents), 24u);
+    EXPECT_EQ(offsetof(BACnetContents, size), 12u);
+    EXPECT_EQ(sizeof(BACnetOctetString), 12u);
+    EXPECT_EQ(sizeof(BACnetCharString), 16u);
+    EXPECT_EQ(sizeof(BACnetRawASN1), 8u);
+    EXPECT_EQ(sizeof(BACnetStringTable), 28u);
+}
+
+TEST(Layout, HeadersCompileAsC) { EXPECT_EQ(bacfmt_c_header_probe(), CT_REAL + 2 + 8); }
+
+}  // namespace
