@@ -1,0 +1,180 @@
+#include "print/datatypes.h"
+
+#include <algorithm>
+#include <iterator>
+#include <type_traits>
+
+#include <bacfmt/print.h>
+
+#include "print/element_printers.h"
+
+namespace bacfmt {
+namespace {
+
+// Adapts an element printer of the public signature to the dispatcher's:
+// scalars are loaded from the payload, structures passed by pointer, and
+// the property and symbolic flag handed on where the printer takes them.
+template <typename Element>
+Element Load(const void *element) {
+    if constexpr (std::is_pointer_v<Element>)
+        return static_cast<Element>(element);
+    else
+        return *static_cast<const Element *>(element);
+}
+
+template <auto Printer>
+struct Adapt;
+
+template <typename E, int (*Printer)(char *, int, E)>
+struct Adapt<Printer> {
+    static int Print(char *dst, int size, const void *e, const PrintContext &) {
+        return Printer(dst, size, Load<E>(e));
+    }
+};
+
+template <typename E, int (*Printer)(char *, int, E, uint8_t)>
+struct Adapt<Printer> {
+    static int Print(char *dst, int size, const void *e, const PrintContext &c) {
+        return Printer(dst, size, Load<E>(e), c.symbolic);
+    }
+};
+
+template <typename E, int (*Printer)(char *, int, E, uint32_t, uint8_t)>
+struct Adapt<Printer> {
+    static int Print(char *dst, int size, const void *e, const PrintContext &c) {
+        return Printer(dst, size, Load<E>(e), c.propertyId, c.symbolic);
+    }
+};
+
+template <auto Printer>
+constexpr ElementPrinter Print = &Adapt<Printer>::Print;
+
+using R = BracketRule;
+
+constexpr DatatypeInfo Row(uint32_t code, const char *name, uint32_t elementSize,
+                           ElementPrinter print = nullptr, PropertySet bracketProperties = {},
+                           BracketRule brackets = R::CountOrProperty) {
+    DatatypeInfo row{};
+    row.code = code;
+    row.name = name;
+    row.elementSize = elementSize;
+    row.print = print;
+    row.bracketProperties = bracketProperties;
+    row.brackets = brackets;
+    return row;
+}
+
+constexpr DatatypeInfo Special(DatatypeInfo row, PrintForm form) {
+    row.form = form;
+    return row;
+}
+
+constexpr DatatypeInfo Led(DatatypeInfo row, const char *lead) {
+    row.lead = lead;
+    return row;
+}
+
+// Element sizes of the constructed codes are those of their layouts on the
+// 32-bit target; a family without a printer yet prints "?".
+constexpr DatatypeInfo kRows[] = {
+    Special(Row(CT_NULL, "CT_NULL", 5), PrintForm::Null),
+    Row(CT_BOOLEAN,          "CT_BOOLEAN",          sizeof(uint8_t),           Print<BACnetSPrintBoolean>,   {169, 172}),
+    Row(CT_UNSIGNED,         "CT_UNSIGNED",         sizeof(uint32_t),          Print<BACnetSPrintUnsigned>,  {7, 39}),
+    Row(CT_SIGNED,           "CT_SIGNED",           sizeof(int32_t),           Print<BACnetSPrintSigned>),
+    Row(CT_REAL,             "CT_REAL",             sizeof(float),             Print<BACnetSPrintReal>),
+    Row(CT_DOUBLE,           "CT_DOUBLE",           sizeof(double),            Print<BACnetSPrintDouble>),
+    Special(Row(CT_OCTET_STRING, "CT_OCTET_STRING", sizeof(BACnetOctetString), Print<BACnetSPrintOctetString>),
+            PrintForm::FirstElementOnly),
+    Row(CT_CHARACTER_STRING, "CT_CHARACTER_STRING", sizeof(BACnetCharString),  PrintCharacterStringElement, {3, 110, 210, 220, 346}),
+    Row(CT_BIT_STRING,       "CT_BIT_STRING",       sizeof(BACnetBitString),   Print<BACnetSPrintBitString>),
+    Row(CT_ENUMERATED,       "CT_ENUMERATED",       sizeof(uint32_t),          Print<BACnetSPrintEnum>,      {7, 39, 166, 234, 303}),
+    Row(CT_DATE,             "CT_DATE",             sizeof(BACnetDate),        Print<BACnetSPrintDate>),
+    Row(CT_TIME,             "CT_TIME",             sizeof(BACnetTime),        Print<BACnetSPrintTime>),
+    Row(CT_OBJECT_ID,        "CT_OBJECT_ID",        sizeof(BACnetObjectID),    Print<BACnetSPrintObjectID>,  {76, 154, 209}),
+
+    Row(CT_PRI_ARRAY_ITEM,         "CT_PRI_ARRAY_ITEM",         28, nullptr, {87}),
+    Row(CT_ADDRESS,                "CT_ADDRESS",                0),
+    Row(CT_DATE_TIME,              "CT_DATE_TIME",              sizeof(BACnetDateTime), Print<BACnetSPrintDateTime>),
+    Row(CT_OBJ_PROP_REFERENCE,     "CT_OBJ_PROP_REFERENCE",     0),
+    Row(CT_PROPERTY_STATES,        "CT_PROPERTY_STATES",        0),
+    Row(CT_EVENT_PARAMETER,        "CT_EVENT_PARAMETER",        0, nullptr, {}, R::Always),
+    Row(CT_DATE_RANGE,             "CT_DATE_RANGE",             0),
+    Row(CT_WEEK_N_DAY,             "CT_WEEK_N_DAY",             0),
+    Row(CT_CALENDAR_ENTRY,         "CT_CALENDAR_ENTRY",         0, nullptr, {23}),
+    Row(CT_TIME_VALUE,             "CT_TIME_VALUE",             0),
+    Row(CT_SPECIAL_EVENT,          "CT_SPECIAL_EVENT",          0, nullptr, {38}),
+    Row(CT_RECIPIENT,              "CT_RECIPIENT",              0, nullptr, {116, 202, 206, 350}),
+    Row(CT_SETPOINT_REFERENCE,     "CT_SETPOINT_REFERENCE",     0, nullptr, {}, R::OnlyWhenEmpty),
+    Row(CT_DESTINATION,            "CT_DESTINATION",            0, nullptr, {102}),
+    Row(CT_DAILY_SCHEDULE,         "CT_DAILY_SCHEDULE",         0, nullptr, {123}),
+    Row(CT_TIME_STAMP,             "CT_TIME_STAMP",             0, nullptr, {130}),
+    Row(CT_PROPERTY_REFERENCE,     "CT_PROPERTY_REFERENCE",     0),
+    Row(CT_ADDRESS_BINDING,        "CT_ADDRESS_BINDING",        0, nullptr, {30, 170, 171}),
+    Row(CT_DEV_OBJ_PROP_REFERENCE, "CT_DEV_OBJ_PROP_REFERENCE", 0, nullptr, {54}),
+    Row(CT_CLIENT_COV,             "CT_CLIENT_COV",             0),
+    Row(CT_LOG_RECORD,             "CT_LOG_RECORD",             0, nullptr, {131}),
+    Row(CT_ACTION_LIST,            "CT_ACTION_LIST",            0, nullptr, {2}),
+    Row(CT_READ_ACCESS_SPEC,       "CT_READ_ACCESS_SPEC",       0, nullptr, {53}),
+    Row(CT_READ_ACCESS_RESULT,     "CT_READ_ACCESS_RESULT",     0, nullptr, {85}),
+    Row(CT_COV_SUBSCRIPTION,       "CT_COV_SUBSCRIPTION",       0, nullptr, {152}),
+    Row(CT_DEV_OBJ_REFERENCE,      "CT_DEV_OBJ_REFERENCE",      0, nullptr, {159, 165, 211, 265, 266, 268, 269, 286}),
+    Row(CT_DEV_OBJ_PROP_VALUE,     "CT_DEV_OBJ_PROP_VALUE",     0),
+    Row(CT_ACCUMULATOR_RECORD,     "CT_ACCUMULATOR_RECORD",     0),
+    Row(CT_PRESCALE,               "CT_PRESCALE",               0),
+    Row(CT_SCALE,                  "CT_SCALE",                  0),
+    Row(CT_EVENT_LOG_RECORD,       "CT_EVENT_LOG_RECORD",       0, nullptr, {131}),
+    Row(CT_LOG_RECORD_MULTIPLE,    "CT_LOG_RECORD_MULTIPLE",    0, nullptr, {131}),
+    Row(CT_SHED_LEVEL,             "CT_SHED_LEVEL",             0),
+    Row(CT_AUTHENTICATION_POLICY,  "CT_AUTHENTICATION_POLICY",  0),
+    Row(CT_AUTHENTICATION_FACTOR,  "CT_AUTHENTICATION_FACTOR",  0),
+    Row(CT_CREDENTIAL_AUTHENTICATION_FACTOR, "CT_CREDENTIAL_AUTHENTICATION_FACTOR", 0),
+    Row(CT_ACCESS_RULE,            "CT_ACCESS_RULE",            0),
+    Row(CT_ASSIGNED_ACCESS_RIGHTS, "CT_ASSIGNED_ACCESS_RIGHTS", 0),
+    Row(CT_AUTHENTICATION_FACTOR_FORMAT, "CT_AUTHENTICATION_FACTOR_FORMAT", 0),
+    Row(CT_OPTIONAL_CHARACTER_STRING, "CT_OPTIONAL_CHARACTER_STRING", sizeof(BACnetCharString),
+        PrintOptionalCharacterStringElement, {7, 39}),
+    Row(CT_PROPERTY_ACCESS_RESULT, "CT_PROPERTY_ACCESS_RESULT", 0),
+    Row(CT_VT_SESSION,             "CT_VT_SESSION",             0),
+    Row(CT_SESSION_KEY,            "CT_SESSION_KEY",            0),
+    Row(CT_NETWORK_SECURITY_POLICY, "CT_NETWORK_SECURITY_POLICY", 0),
+    Row(CT_KEY_IDENTIFIER,         "CT_KEY_IDENTIFIER",         0),
+    Row(CT_SECURITY_KEY_SET,       "CT_SECURITY_KEY_SET",       0),
+    Row(CT_LIGHTING_COMMAND,       "CT_LIGHTING_COMMAND",       0),
+    Row(CT_CHANNEL_VALUE,          "CT_CHANNEL_VALUE",          0),
+    Row(CT_EVENT_NOTIFICATION_SUBSCRIPTION, "CT_EVENT_NOTIFICATION_SUBSCRIPTION", 0),
+    Row(CT_PROCESS_ID_SELECTION,   "CT_PROCESS_ID_SELECTION",   0),
+    Row(CT_PORT_PERMISSION,        "CT_PORT_PERMISSION",        0),
+    Row(CT_FAULT_PARAMETER,        "CT_FAULT_PARAMETER",        0),
+
+    Led(Row(CT_ASN1_FIRST,  "CT_ASN1_FIRST",  sizeof(BACnetRawASN1), Print<BACnetSPrintRawASN1>), "[ASN1]"),
+    Led(Row(CT_ASN1_SECOND, "CT_ASN1_SECOND", sizeof(BACnetRawASN1), Print<BACnetSPrintRawASN1>), "[ASN1]"),
+    Led(Row(CT_ASN1_THIRD,  "CT_ASN1_THIRD",  sizeof(BACnetRawASN1), Print<BACnetSPrintRawASN1>), "[ASN1]"),
+    // Scans, but has no printer: it prints "?" like an unknown code.
+    Row(CT_ASN1_LAST,  "CT_ASN1_LAST",  sizeof(BACnetRawASN1)),
+};
+
+constexpr bool InCodeOrder() {
+    for (size_t i = 1; i < std::size(kRows); ++i)
+        if (kRows[i - 1].code >= kRows[i].code) return false;
+    return true;
+}
+static_assert(InCodeOrder(), "rows must stay sorted by code for the lookup");
+
+}  // namespace
+
+const DatatypeInfo *FindDatatype(uint32_t code) {
+    const DatatypeInfo *row = std::lower_bound(
+        std::begin(kRows), std::end(kRows), code,
+        [](const DatatypeInfo &r, uint32_t c) { return r.code < c; });
+    return row != std::end(kRows) && row->code == code ? row : nullptr;
+}
+
+const DatatypeInfo *DatatypeRowsBegin() { return std::begin(kRows); }
+const DatatypeInfo *DatatypeRowsEnd() { return std::end(kRows); }
+
+}  // namespace bacfmt
+
+extern "C" const char *BACnetContentsTypeName(uint32_t type) {
+    const bacfmt::DatatypeInfo *row = bacfmt::FindDatatype(type);
+    return row != nullptr ? row->name : nullptr;
+}

@@ -1,0 +1,70 @@
+#include "print/writer.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+
+#include <bacfmt/print.h>
+
+namespace bacfmt {
+
+int Writer::Text(const char *text) { return Step(BACnetSPrintString(at(), room(), text)); }
+
+int Writer::Format(const char *format, ...) {
+    va_list args;
+    va_start(args, format);
+    const int result = FormatV(format, args);
+    va_end(args);
+    return result;
+}
+
+int Writer::FormatV(const char *format, va_list args) {
+    va_list measure;
+    va_copy(measure, args);
+    const int length = std::vsnprintf(nullptr, 0, format, measure);
+    va_end(measure);
+    if (length < 0) return length;
+    if (length >= room()) return kNoRoom;
+    return Step(std::vsnprintf(at(), static_cast<size_t>(room()), format, args));
+}
+
+int Writer::Chars(const char *chars, int length) {
+    if (length >= room()) return kNoRoom;
+    std::memcpy(at(), chars, static_cast<size_t>(length));
+    at()[length] = '\0';
+    return Step(length);
+}
+
+int FormatUnsigned(char (&out)[16], uint32_t value) {
+    return static_cast<int>(std::to_chars(out, out + sizeof out, value).ptr - out);
+}
+
+int FormatSigned(char (&out)[16], int32_t value) {
+    return static_cast<int>(std::to_chars(out, out + sizeof out, value).ptr - out);
+}
+
+int FormatFixed(char (&out)[kFixedBufferSize], double value) {
+    // to_chars spells infinities and NaNs differently from printf; those few
+    // go through snprintf, which needs no decimal point and so no locale.
+    if (!std::isfinite(value)) return std::snprintf(out, sizeof out, "%f", value);
+    return static_cast<int>(
+        std::to_chars(out, out + sizeof out, value, std::chars_format::fixed, 6).ptr - out);
+}
+
+}  // namespace bacfmt
+
+extern "C" int BACnetSPrintString(char *dst, int size, const char *text) {
+    const size_t length = std::strlen(text);
+    if (size < 0 || length + 1 > static_cast<size_t>(size)) return bacfmt::kNoRoom;
+    std::memcpy(dst, text, length + 1);
+    return static_cast<int>(length);
+}
+
+extern "C" int _scprintf(const char *format, ...) {
+    va_list args;
+    va_start(args, format);
+    const int length = std::vsnprintf(nullptr, 0, format, args);
+    va_end(args);
+    return length;
+}

@@ -1,0 +1,80 @@
+// The output conventions shared by every printer, in one place.
+//
+// A printer writes at `at()` with `room()` bytes left (terminator included).
+// Pieces are measured before they are written and written only when they fit
+// strictly inside the room; a piece that does not fit answers -2 and leaves
+// the text written so far terminated. The writer never writes past the end of
+// the destination on its own account; the few printers that deliberately hand
+// a nested printer more room than is left say so where they do it.
+#ifndef BACFMT_PRINT_WRITER_H
+#define BACFMT_PRINT_WRITER_H
+
+#include <cstdarg>
+#include <cstdint>
+
+namespace bacfmt {
+
+// Result of a piece that does not fit.
+inline constexpr int kNoRoom = -2;
+
+class Writer {
+public:
+    Writer(char *dst, int size) : begin_(dst), size_(size) {}
+
+    char *begin() const { return begin_; }
+    char *at() const { return begin_ + used_; }
+    int room() const { return size_ - used_; }
+    int used() const { return used_; }
+
+    // Takes the result of a piece written at at() within room(): a
+    // non-negative result advances past it. The result is passed back so
+    // that the caller decides whether a failure stops it.
+    int Step(int result) {
+        if (result > 0) used_ += result;
+        return result;
+    }
+
+    // Runs a nested printer at the current position with the room left.
+    template <typename Printer, typename... Args>
+    int Put(Printer printer, Args... args) {
+        return Step(printer(at(), room(), args...));
+    }
+
+    // Fixed text: -2 when its length plus the terminator exceeds the room.
+    int Text(const char *text);
+
+    // A whole pattern, measured first: -2 when the measured length is at
+    // least the room, otherwise written.
+    int Format(const char *format, ...) __attribute__((format(printf, 2, 3)));
+    int FormatV(const char *format, va_list args);
+
+    // Digits prepared elsewhere (a number formatted into a scratch buffer):
+    // written only when they fit strictly inside the room.
+    int Chars(const char *chars, int length);
+
+    // Runs the pieces in order and stops at the first negative result, which
+    // it returns; otherwise the characters written so far.
+    template <typename... Pieces>
+    int Sequence(Pieces &&...pieces) {
+        int result = 0;
+        (void)(((result = pieces()) >= 0) && ...);
+        return result < 0 ? result : used_;
+    }
+
+private:
+    char *begin_;
+    int size_;
+    int used_ = 0;
+};
+
+// Number formatting into a scratch buffer, independent of the process
+// locale and identical to printf's "%u", "%d" and "%f".
+int FormatUnsigned(char (&out)[16], uint32_t value);
+int FormatSigned(char (&out)[16], int32_t value);
+// "%f" of a double: six decimals; inf/nan spelled as the C library does.
+inline constexpr int kFixedBufferSize = 330;
+int FormatFixed(char (&out)[kFixedBufferSize], double value);
+
+}  // namespace bacfmt
+
+#endif  // BACFMT_PRINT_WRITER_H
