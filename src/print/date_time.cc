@@ -1,7 +1,5 @@
 // Dates and times. Each field that is unspecified or out of range prints
 // as "*"; the whole pattern is measured before it is written.
-#include <cstdio>
-
 #include <bacfmt/enumtext.h>
 #include <bacfmt/print.h>
 
@@ -14,11 +12,17 @@ constexpr uint16_t kYearUnspecified = 65535;
 constexpr uint8_t kDayUnspecified = 255;
 constexpr uint8_t kLastSpecialDay = 34;  // 32..34: last day, odd days, even days
 
+// Decimal digits of `value` in `width` places, padded with `pad`.
+const char *Digits(char *text, unsigned value, int width, char pad) {
+    text[width] = '\0';
+    for (int i = width - 1; i >= 0; --i, value /= 10)
+        text[i] = value != 0 || i == width - 1 ? static_cast<char>('0' + value % 10) : pad;
+    return text;
+}
+
 // "%02d" of a field within its range, else "*".
 const char *TwoDigits(char (&text)[4], unsigned value, unsigned limit) {
-    if (value > limit) return UnspecifiedString;
-    std::snprintf(text, sizeof text, "%02u", value);
-    return text;
+    return value > limit ? UnspecifiedString : Digits(text, value, 2, '0');
 }
 
 }  // namespace
@@ -33,14 +37,12 @@ extern "C" int BACnetSPrintDate(char *dst, int size, const BACnetDate *value) {
     char dayText[4];
     const char *day = UnspecifiedString;
     if (value->day != kDayUnspecified && value->day <= kLastSpecialDay) {
-        std::snprintf(dayText, sizeof dayText, "%2d", value->day);
-        day = dayText;
+        day = Digits(dayText, value->day, 2, ' ');
     }
     char yearText[8];
     const char *year = UnspecifiedString;
     if (value->year != kYearUnspecified && value->year <= 9999) {
-        std::snprintf(yearText, sizeof yearText, "%04d", value->year);
-        year = yearText;
+        year = Digits(yearText, value->year, 4, '0');
     }
     return Writer(dst, size).Format("(%s,%s-%s-%s)", weekday, day, month, year);
 }

@@ -20,12 +20,16 @@ int Writer::Format(const char *format, ...) {
 }
 
 int Writer::FormatV(const char *format, va_list args) {
+    // One formatting pass into a scratch buffer, copied when it fits; only a
+    // text longer than the scratch is measured and formatted in place.
+    char scratch[1024];
     va_list measure;
     va_copy(measure, args);
-    const int length = std::vsnprintf(nullptr, 0, format, measure);
+    const int length = std::vsnprintf(scratch, sizeof scratch, format, measure);
     va_end(measure);
     if (length < 0) return length;
     if (length >= room()) return kNoRoom;
+    if (static_cast<size_t>(length) < sizeof scratch) return Chars(scratch, length);
     return Step(std::vsnprintf(at(), static_cast<size_t>(room()), format, args));
 }
 

@@ -1,0 +1,21 @@
+#!/usr/bin/env bash
+# Sets up, builds and runs every test: native, sanitizers, 32-bit ARM under
+# qemu, and a bounded fuzzing run. Exits non-zero on the first failure.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+bash scripts/setup.sh
+
+for flavour in native asan arm; do
+  echo "== $flavour build"
+  bash scripts/build.sh "$flavour"
+  echo "== $flavour tests"
+  (cd "build/$flavour" && ctest --output-on-failure -j2)
+done
+
+if [ -x scripts/fuzz.sh ] || [ -f scripts/fuzz.sh ]; then
+  echo "== fuzzing"
+  bash scripts/fuzz.sh "${FUZZ_SECONDS:-30}"
+fi
+
+echo "== benchmarks build"
+bash scripts/build.sh bench
