@@ -3,8 +3,11 @@
 // against the library's datatype table on the 32-bit target, and the
 // lookups' edge cases.
 #include <cstdint>
+#include <fstream>
 #include <iterator>
+#include <map>
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -174,6 +177,78 @@ TEST(CatalogElementSizes, BuildSizesAreTheTargetSizes) {
         if (info->elementSize != 0) {
             EXPECT_EQ(info->elementSize, entry.targetSize) << info->name;
         }
+    }
+}
+
+// The property data the tables are generated from, read independently of
+// the generator: per object type the properties in the standard's order.
+struct DataRow {
+    uint32_t propertyId;
+    std::string shape;
+    bool required;
+    bool later;  // came into the standard after revision 14
+};
+
+std::map<uint32_t, std::vector<DataRow>> ReadPropertyData() {
+    const std::string dir = BACFMT_SOURCE_DIR "/data/object-properties/";
+    std::set<std::pair<uint32_t, uint32_t>> later;
+    std::ifstream additions(dir + "later-additions.tsv");
+    std::string line;
+    std::getline(additions, line);
+    while (std::getline(additions, line)) {
+        std::istringstream fields(line);
+        uint32_t type = 0, property = 0;
+        std::string name;
+        if (fields >> type >> name >> property) later.insert({type, property});
+    }
+    std::map<uint32_t, std::vector<DataRow>> data;
+    std::ifstream properties(dir + "object-properties.tsv");
+    std::getline(properties, line);
+    while (std::getline(properties, line)) {
+        std::istringstream fields(line);
+        uint32_t type = 0, property = 0;
+        std::string typeName, propertyName, datatype, shape, conformance;
+        if (!(fields >> type >> typeName >> property >> propertyName >> datatype >> shape >>
+              conformance))
+            continue;
+        data[type].push_back({property, shape, conformance != "O",
+                              later.count({type, property}) != 0});
+    }
+    return data;
+}
+
+uint32_t MultiplicityOf(const std::string &shape, bool characterString) {
+    if (shape == "single") return characterString ? OBJPROP_TEXT : 0;
+    if (shape == "array") return OBJPROP_ARRAY;
+    if (shape == "list") return OBJPROP_LIST;
+    return static_cast<uint32_t>(std::stoul(shape.substr(6)));  // "array[N]"
+}
+
+TEST(CatalogData, TablesFollowThePropertyData) {
+    const auto data = ReadPropertyData();
+    ASSERT_FALSE(data.empty()) << "data/object-properties/object-properties.tsv not read";
+    for (const TableCase &t : kTables) {
+        if (t.rows == 0) continue;
+        SCOPED_TRACE(t.name);
+        const std::vector<DataRow> &properties = data.at(t.objectType);
+        // Rows appear in the data's order, each with the data's shape.
+        size_t next = 0;
+        std::set<uint32_t> listed;
+        for (uint32_t i = 0; i < t.rows; ++i) {
+            const ObjPropDescription &row = t.table[i];
+            listed.insert(row.propertyId);
+            while (next < properties.size() && properties[next].propertyId != row.propertyId) ++next;
+            ASSERT_LT(next, properties.size())
+                << "property " << row.propertyId << " out of order or not of this type";
+            EXPECT_EQ(OBJPROP_MULTIPLICITY(row.shape),
+                      MultiplicityOf(properties[next].shape, row.datatype == CT_CHARACTER_STRING))
+                << "property " << row.propertyId;
+        }
+        // No required property of revision 14 is left out.
+        for (const DataRow &property : properties)
+            if (property.required && !property.later) {
+                EXPECT_TRUE(listed.count(property.propertyId)) << "required " << property.propertyId;
+            }
     }
 }
 

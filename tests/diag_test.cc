@@ -205,6 +205,25 @@ TEST(SPrintError, StatusThatDoesNotFitWritesNothingAtAll) {
     EXPECT_STREQ(buffer, "OK: ");
 }
 
+// The appends are unchecked, so the documented room must hold the longest
+// diagnostic: every class, code and reason, and the widest numbers.
+TEST(SPrintError, LongestDiagnosticFitsTheDocumentedRoom) {
+    std::vector<uint32_t> numbers{0x80000000u, kHuge};
+    for (uint32_t n = 0; n < bacfmt::kErrorCodeTextCount; ++n) numbers.push_back(n);
+    unsigned longest = 0;
+    for (unsigned status : {BACNET_STATUS_ERROR, BACNET_STATUS_REJECT, BACNET_STATUS_ABORT})
+        for (uint32_t errorClass : numbers)
+            for (uint32_t errorCode : numbers) {
+                char buffer[512];
+                const BACnetErrorInfo e = Record(errorClass, errorCode);
+                const unsigned count = BACnetSPrintError(buffer, sizeof buffer, status, &e);
+                ASSERT_EQ(count, std::strlen(buffer));
+                if (count > longest) longest = count;
+            }
+    EXPECT_LT(longest, BACNET_ERROR_TEXT_SIZE);
+    EXPECT_GT(longest, BACNET_ERROR_TEXT_SIZE / 2);  // the room is not wildly off either
+}
+
 // Captures the log lines and answers each call with its own number, so that
 // the result of BACnetPrintError shows which call it came from.
 struct LogCapture {

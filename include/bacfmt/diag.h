@@ -30,9 +30,14 @@ BACFMT_API const char *BACnetErrorCodeString(const BACnetErrorInfo *e);
 BACFMT_API const char *BACnetAbortReasonString(const BACnetErrorInfo *e);
 BACFMT_API const char *BACnetRejectReasonString(const BACnetErrorInfo *e);
 
+/* Room for the longest diagnostic BACnetSPrintError writes, terminator
+ * included. */
+#define BACNET_ERROR_TEXT_SIZE 128u
+
 /* Writes "status text: " (when it fits) and, for statuses 64..66 with a
  * record, two more lines; those lines are not checked against `size`, so
- * give room for the longest diagnostic. Returns the characters written. */
+ * give room for the longest diagnostic (BACNET_ERROR_TEXT_SIZE). Returns the
+ * characters written. */
 BACFMT_API unsigned BACnetSPrintError(char *dst, unsigned size, unsigned status,
                                       const BACnetErrorInfo *e);
 /* The same diagnostic through PAppPrint; returns the last PAppPrint result. */
