@@ -1,0 +1,203 @@
+#!/usr/bin/env python3
+"""Drives the bacfmt program: exit codes, output and error lines.
+
+Usage: tool_test.py PATH-TO-BACFMT SOURCE-DIR
+"""
+
+import os
+import re
+import subprocess
+import sys
+import tempfile
+
+BACFMT, SOURCE = sys.argv[1], sys.argv[2]
+SITE = os.path.join(SOURCE, "examples", "site.txt")
+MISTAKES = os.path.join(SOURCE, "examples", "mistakes.txt")
+
+failures = []
+
+
+def run(args, stdin=""):
+    # A foreign locale must not change a single byte of the output.
+    env = dict(os.environ, LC_ALL="de_DE.UTF-8", LANG="de_DE.UTF-8")
+    done = subprocess.run([BACFMT] + args, input=stdin.encode(), capture_output=True,
+                          env=env, timeout=60)
+    return done.returncode, done.stdout.decode("utf-8", "replace"), \
+        done.stderr.decode("utf-8", "replace")
+
+
+def expect(name, condition, detail=""):
+    if not condition:
+        failures.append(f"{name}: {detail[:400]}")
+
+
+# (arguments, exit status, exact stdout or None, regex that stderr matches or None)
+COMMANDS = [
+    # The tool and its subcommands
+    ([], 2, "", r"no command given"),
+    (["frobnicate"], 2, "", r"unknown command 'frobnicate'"),
+    (["help", "nope"], 2, "", r"unknown command 'nope'"),
+    (["scan", "--bogus", "1"], 2, "", r"bacfmt scan: unknown option '--bogus'"),
+    (["scan", "-x", "1"], 2, "", r"unknown option '-x'"),
+    (["scan", "1", "--type"], 2, "", r"option '--type' needs an argument"),
+    (["scan"], 2, "", r"no text given"),
+    (["check"], 2, "", r"no value file given"),
+    (["check", "/nonexistent/values.txt"], 2, "", r"cannot open '/nonexistent/values.txt'"),
+    # scan: datatype from the option, a tag or a guess
+    (["scan", "--type", "real", "1.5"], 0, "1.500000\n", None),
+    (["scan", "-t", "64", "1.5"], 0, "1.500000\n", None),
+    (["scan", "-t", "CT_REAL", "--prefix", "1", "1.5"], 0, "[4] 1.500000\n", None),
+    (["scan", "[4] 1.5"], 0, "1.500000\n", None),
+    (["scan", "--", "-7"], 0, "-7\n", None),
+    (["scan", "7", "12:30:00.00", "T"], 0, "7\n12:30:00.00\nT\n", None),
+    (["scan", "--numbers", "T"], 0, "1\n", None),
+    (["scan", "-t", "enumerated", "-p", "units", "degrees-celsius"], 0,
+     "62 => degrees-celsius\n", None),
+    (["scan", "-t", "enumerated", "-p", "117", "-n", "degrees-celsius"], 0, "62\n", None),
+    (["scan", "-t", "CT_NOPE", "1"], 2, "", r"unknown datatype 'CT_NOPE'"),
+    (["scan", "-p", "presnt-value", "1"], 2, "", r"unknown property 'presnt-value'"),
+    (["scan", "--prefix", "3", "1"], 2, "", r"prefix mode must be 0, 1 or 2"),
+    (["scan", "-t", "time", "24:00:00.00"], 1, "",
+     r"^bacfmt scan: syntax error \(as CT_TIME\): 24:00:00\.00\n$"),
+    (["scan", "-t", "unsigned", "[3] 7", "5"], 0, "7\n5\n", None),
+    (["scan", "-t", "unsigned", "-p", "5", "[3] 7"], 1, "",
+     r"choice tag disagrees with the datatype"),
+    (["scan", "[267] 1"], 1, "", r"datatype not settled or not supported"),
+    (["scan", "-t", "boolean", "yes", "T"], 1, "T\n", r"syntax error .*: yes"),
+    # Texts of the diagnostics and unit tables
+    (["status", "0"], 0, "OK\n", None),
+    (["status", "17"], 0, "Unknown BACnet status\n", None),
+    (["status", "0x40"], 0, "BACnet error\n", None),
+    (["status", "x"], 2, "", r"invalid status code 'x'"),
+    (["status", "-1"], 2, "", r"unknown option '-1'"),
+    (["status", "99999999999"], 2, "", r"invalid status code"),
+    (["error", "2", "32"], 0, "Property, Unknown property\n", None),
+    (["error", "8", "500"], 0, "Unknown error class, abort-security-error\n", None),
+    (["error", "2"], 2, "", r"give both CLASS and CODE"),
+    (["abort", "4"], 0, "Segmentation not supported\n", None),
+    (["abort", "5"], 0, "Unknown abort reason\n", None),
+    (["reject", "9"], 0, "Unrecognized service\n", None),
+    (["reject", "1", "2"], 2, "", r"too many arguments"),
+    (["units", "62"], 0, "\u00b0C\n", None),
+    (["units", "degrees-celsius"], 0, "\u00b0C\n", None),
+    (["units", "95"], 0, "\n", None),
+    (["units", "degree-celsius"], 2, "", r"unknown unit 'degree-celsius'"),
+    # Catalogue and enumerations
+    (["props", "presnt"], 2, "", r"unknown object type 'presnt'"),
+    (["props", "31"], 1, "", r"object type 31 \(timer\) has no properties"),
+    (["props"], 2, "", r"give one OBJECT-TYPE"),
+    (["enum", "units", "62"], 0, "degrees-celsius\n", None),
+    (["enum", "units", "Degrees-Celsius"], 0, "62\n", None),
+    (["enum", "object-types", "8"], 0, "device\n", None),
+    (["enum", "months", "december"], 0, "12\n", None),
+    (["enum", "units", "degree-celsius"], 1, "", r"unknown name 'degree-celsius' in table 117"),
+    (["enum", "units", "4000"], 1, "", r"no name for 4000 in table 117"),
+    (["enum", "no-such-table"], 2, "", r"no enumeration table for 'no-such-table'"),
+]
+
+for args, status, out, err in COMMANDS:
+    name = "bacfmt " + " ".join(args)
+    code, stdout, stderr = run(args)
+    expect(name, code == status, f"exit {code}, wanted {status}; stderr {stderr!r}")
+    if out is not None:
+        expect(name, stdout == out, f"stdout {stdout!r}, wanted {out!r}")
+    if err is not None:
+        expect(name, re.search(err, stderr), f"stderr {stderr!r} does not match {err!r}")
+
+# Every command has its help, on standard output, with status 0.
+for command in ["check", "scan", "units", "status", "error", "abort", "reject", "props",
+                "enum"]:
+    for form in ([command, "--help"], [command, "-h"], ["help", command]):
+        code, stdout, _ = run(form)
+        expect(" ".join(form), code == 0 and stdout.startswith("Usage: bacfmt " + command),
+               f"exit {code}, stdout {stdout[:40]!r}")
+
+# Listings: exact rows where they are fixed, tab-separated.
+TABLE_ROWS = [
+    (["status"], "64\tBACnet error", "17\t"),
+    (["error"], "code\t136\tabort-security-error", "class\t8\t"),
+    (["units"], "62\t\u00b0C\tdegrees-celsius", "142\t"),
+    (["props", "analog-input"], "85\tpresent-value\t64\tCT_REAL\t4\t0\t1\t0x6218", None),
+    (["props", "0x8"], "75\tobject-identifier\t192\tCT_OBJECT_ID\t8\t0\t1\t0x0000", None),
+    (["enum"], "117\tunits\t", None),
+    (["enum", "weekdays"], "1\tmonday", "0\t"),
+]
+for args, present, absent in TABLE_ROWS:
+    code, stdout, _ = run(args)
+    lines = stdout.splitlines()
+    expect(" ".join(args), code == 0 and any(l.startswith(present) for l in lines),
+           f"exit {code}, no row {present!r}")
+    if absent is not None:
+        expect(" ".join(args), not any(l.startswith(absent) for l in lines),
+               f"unexpected row {absent!r}")
+
+# The dump shows the record and the payload of a 32-bit unsigned 7.
+code, stdout, _ = run(["scan", "--dump", "-t", "unsigned", "7"])
+expect("scan --dump", code == 0 and stdout.startswith("7\ntype\t32\tCT_UNSIGNED\ncount\t1\nsize\t4\n")
+       and "payload\t0000\t07 00 00 00" in stdout, repr(stdout))
+
+# check: the example site is clean, and its output checks to itself.
+code, first, stderr = run(["check", SITE])
+expect("check site", code == 0, stderr)
+expect("check site summary", re.search(r"bacfmt check: [1-9]\d* values read, 0 errors found", stderr),
+       stderr)
+code, second, stderr = run(["check", "-"], stdin=first)
+expect("check site twice", code == 0 and second == first, stderr)
+site_values = [l for l in first.splitlines() if l.strip() and not l.lstrip().startswith("#")]
+expect("check site values", all(" = " in l for l in site_values), "")
+
+# check: every value line of the mistakes file is reported with its number.
+code, stdout, stderr = run(["check", "--quiet", MISTAKES])
+expect("check mistakes status", code == 1, stderr)
+expect("check mistakes quiet", stdout == "", stdout)
+with open(MISTAKES, encoding="utf-8") as f:
+    mistake_lines = [n for n, l in enumerate(f, 1) if l.strip() and not l.lstrip().startswith("#")]
+reported = [int(m) for m in re.findall(r"mistakes\.txt:(\d+): ", stderr)]
+expect("check mistakes lines", reported == mistake_lines, f"{reported} != {mistake_lines}")
+expect("check mistakes summary",
+       f"{len(mistake_lines)} values read, {len(mistake_lines)} errors found" in stderr, stderr)
+
+# check: one value file line each, what comes out and what goes to stderr.
+# (input line, output line, stderr regex or None)
+CHECK_LINES = [
+    ("0,1 85 = 4.5", "analog-input,1 present-value = 4.500000", None),
+    ("  analog-input , 1   units =62 ", "analog-input,1 units = 62 => degrees-celsius", None),
+    ("device,1 description = \"Hall, east (new)\"",
+     "device,1 description = \"Hall, east (new)\"", None),
+    ("device,1 description = It's here", "device,1 description = \"It's here\"", None),
+    ("device,1 description = \"say \"hi\"\"", "device,1 description = 'say \"hi'", None),
+    ("schedule,1 present-value = 21.5", "schedule,1 present-value = [4] 21.500000", None),
+    ("schedule,1 present-value = active", "schedule,1 present-value = [9] 1 => active", None),
+    ("analog-input,1 proprietary-600 = 7", "analog-input,1 proprietary-600 = [2] 7", None),
+    ("binary-input,1 present-value = 1", "binary-input,1 present-value = 1 => active", None),
+    ("analog-input,1 present-value = (1.5,2)", "analog-input,1 present-value = (1.5,2)",
+     r"<stdin>:1: element count differs \(present-value as CT_REAL\): \(1\.5,2\)"),
+    ("analog-input,4194303 status-flags = 1", None, None),
+    ("x" * 5000, "x" * 5000, r"<stdin>:1: no \"=\""),
+    ("analog-input,1 description = " + "(" * 300, None, r"syntax error"),
+    ("analog-input,1 description = \xe9t\xe9 \u20ac", "analog-input,1 description = "
+     "\"\xe9t\xe9 \u20ac\"", None),
+]
+for line, output, err in CHECK_LINES:
+    code, stdout, stderr = run(["check", "-"], stdin=line + "\n")
+    expect("check " + line[:40], code in (0, 1), f"exit {code}: {stderr}")
+    if output is not None:
+        expect("check " + line[:40], stdout == output + "\n", f"{stdout!r} != {output!r}")
+    if err is not None:
+        expect("check " + line[:40], re.search(err, stderr), stderr)
+    elif code == 0:
+        # Whatever a good line became must stay as it is.
+        _, again, _ = run(["check", "-"], stdin=stdout)
+        expect("check twice " + line[:40], again == stdout, f"{again!r} != {stdout!r}")
+
+# Bytes that are no text at all must not crash the tool.
+with tempfile.NamedTemporaryFile("wb", suffix=".txt", delete=False) as junk:
+    junk.write(bytes(range(256)) * 4 + b"\nanalog-input,1 description = \xff\xfe\x00x\n")
+code, _, stderr = run(["check", junk.name])
+os.unlink(junk.name)
+expect("check junk", code in (0, 1), f"exit {code}: {stderr}")
+
+for failure in failures:
+    print("FAIL", failure)
+print(f"{len(failures)} failures")
+sys.exit(1 if failures else 0)
