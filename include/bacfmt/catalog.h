@@ -32,8 +32,9 @@ BACFMT_API const char *BACnetUnit2IsoUnitString(uint32_t unit);
 #define OBJPROP_LIST 255u  /* a list */
 
 /* Values of `access`. */
-#define OBJPROP_ACCESS_READ 1u     /* read by operators, written by configuration */
-#define OBJPROP_ACCESS_OPERATOR 2u /* an operator may write it (out-of-service, ...) */
+#define OBJPROP_ACCESS_READ 1u     /* not for an operator to write */
+#define OBJPROP_ACCESS_OPERATOR 2u /* an operator may write it: the standard requires
+                                      it writable, or it is out-of-service */
 
 /* Bits of `flags`: hints for operator interfaces. The library passes them
  * through without interpreting them. */
@@ -44,13 +45,19 @@ BACFMT_API const char *BACnetUnit2IsoUnitString(uint32_t unit);
                                                   and status flags of the types with such
                                                   a line (0..10, 12..17, 19..22, 25, 27,
                                                   29), the profile name of proprietary ones */
-#define OBJPROP_FLAG_STATE 0x0010u             /* part of the object's current state */
+#define OBJPROP_FLAG_STATE 0x0010u             /* the object's current state: present value,
+                                                  out-of-service, status flags, event state,
+                                                  reliability, system status, tracking value,
+                                                  in-progress, program state */
 #define OBJPROP_FLAG_OPERATOR_WRITABLE 0x0100u /* access is OBJPROP_ACCESS_OPERATOR */
-#define OBJPROP_FLAG_COV 0x0200u               /* carried in change-of-value notifications */
+#define OBJPROP_FLAG_COV 0x0200u               /* carried in change-of-value notifications:
+                                                  present value and status flags */
 #define OBJPROP_FLAG_DETAIL_VIEW 0x2000u       /* shown in the object's property view; the
                                                   identifier, type and profile name are in
                                                   the view's title instead */
-#define OBJPROP_FLAG_SELF_CHANGING 0x4000u     /* changes without being written: refresh it */
+#define OBJPROP_FLAG_SELF_CHANGING 0x4000u     /* state that changes without being written
+                                                  (all of OBJPROP_FLAG_STATE but
+                                                  out-of-service): refresh it */
 #define OBJPROP_FLAG_STATUS 0x8000u            /* status flags, event state, reliability */
 
 typedef struct ObjPropDescription {
