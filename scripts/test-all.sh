@@ -5,6 +5,13 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/setup.sh
 
+echo "== generated tables are current"
+python3 scripts/gen_catalog.py --check
+if git rev-parse --git-dir >/dev/null 2>&1; then
+  python3 scripts/gen_enumtext.py >/dev/null
+  git diff --exit-code --stat -- src/textservices/enum_tables.inc
+fi
+
 for flavour in native asan arm; do
   echo "== $flavour build"
   bash scripts/build.sh "$flavour"
