@@ -74,28 +74,35 @@ constexpr DatatypeInfo Led(DatatypeInfo row, const char *lead) {
     return row;
 }
 
+// The scan column: how the scan dispatcher calls the code's scanner.
+constexpr DatatypeInfo Scans(DatatypeInfo row, ScanEntry scan) {
+    row.scan = scan;
+    return row;
+}
+
+using K = ScanKind;
+
 // Element sizes of the constructed codes are those of their layouts on the
 // 32-bit target (the catalogue's shapes are checked against them); a family
 // without a printer yet prints "?".
 constexpr DatatypeInfo kRows[] = {
-    Special(Row(CT_NULL, "CT_NULL", 5), PrintForm::Null),
-    Row(CT_BOOLEAN,          "CT_BOOLEAN",          sizeof(uint8_t),           Print<BACnetSPrintBoolean>,   {169, 172}),
-    Row(CT_UNSIGNED,         "CT_UNSIGNED",         sizeof(uint32_t),          Print<BACnetSPrintUnsigned>,  {7, 39}),
-    Row(CT_SIGNED,           "CT_SIGNED",           sizeof(int32_t),           Print<BACnetSPrintSigned>),
-    Row(CT_REAL,             "CT_REAL",             sizeof(float),             Print<BACnetSPrintReal>),
-    Row(CT_DOUBLE,           "CT_DOUBLE",           sizeof(double),            Print<BACnetSPrintDouble>),
-    Special(Row(CT_OCTET_STRING, "CT_OCTET_STRING", sizeof(BACnetOctetString), Print<BACnetSPrintOctetString>),
-            PrintForm::FirstElementOnly),
-    Row(CT_CHARACTER_STRING, "CT_CHARACTER_STRING", sizeof(BACnetCharString),  PrintCharacterStringElement, {3, 110, 210, 220, 346}),
-    Row(CT_BIT_STRING,       "CT_BIT_STRING",       sizeof(BACnetBitString),   Print<BACnetSPrintBitString>),
-    Row(CT_ENUMERATED,       "CT_ENUMERATED",       sizeof(uint32_t),          Print<BACnetSPrintEnum>,      {7, 39, 166, 234, 303}),
-    Row(CT_DATE,             "CT_DATE",             sizeof(BACnetDate),        Print<BACnetSPrintDate>),
-    Row(CT_TIME,             "CT_TIME",             sizeof(BACnetTime),        Print<BACnetSPrintTime>),
-    Row(CT_OBJECT_ID,        "CT_OBJECT_ID",        sizeof(BACnetObjectID),    Print<BACnetSPrintObjectID>,  {76, 154, 209}),
+    Scans(Special(Row(CT_NULL, "CT_NULL", 5), PrintForm::Null),                                                                     kScanNull),
+    Scans(Row(CT_BOOLEAN,          "CT_BOOLEAN",          sizeof(uint8_t),           Print<BACnetSPrintBoolean>,   {169, 172}),             ScanWith<BACnetSScanBoolean>(K::FixedOneByteCursor)),
+    Scans(Row(CT_UNSIGNED,         "CT_UNSIGNED",         sizeof(uint32_t),          Print<BACnetSPrintUnsigned>,  {7, 39}),                ScanWith<BACnetSScanUnsigned>(K::Fixed)),
+    Scans(Row(CT_SIGNED,           "CT_SIGNED",           sizeof(int32_t),           Print<BACnetSPrintSigned>),                            ScanWith<BACnetSScanSigned>(K::Fixed)),
+    Scans(Row(CT_REAL,             "CT_REAL",             sizeof(float),             Print<BACnetSPrintReal>),                              ScanWith<BACnetSScanReal>(K::Fixed)),
+    Scans(Row(CT_DOUBLE,           "CT_DOUBLE",           sizeof(double),            Print<BACnetSPrintDouble>),                            ScanWith<BACnetSScanDouble>(K::FixedDoubleSizing)),
+    Scans(Special(Row(CT_OCTET_STRING, "CT_OCTET_STRING", sizeof(BACnetOctetString), Print<BACnetSPrintOctetString>), PrintForm::FirstElementOnly), ScanWith<BACnetSScanOctetString>(K::Variable)),
+    Scans(Row(CT_CHARACTER_STRING, "CT_CHARACTER_STRING", sizeof(BACnetCharString),  PrintCharacterStringElement, {3, 110, 210, 220, 346}), ScanWith<BACnetSScanString>(K::Variable)),
+    Scans(Row(CT_BIT_STRING,       "CT_BIT_STRING",       sizeof(BACnetBitString),   Print<BACnetSPrintBitString>),                         ScanWith<BACnetSScanBitString>(K::Fixed)),
+    Scans(Row(CT_ENUMERATED,       "CT_ENUMERATED",       sizeof(uint32_t),          Print<BACnetSPrintEnum>,      {7, 39, 166, 234, 303}), ScanWith<BACnetSScanEnum>(K::Fixed)),
+    Scans(Row(CT_DATE,             "CT_DATE",             sizeof(BACnetDate),        Print<BACnetSPrintDate>),                              ScanWith<BACnetSScanDate>(K::Fixed)),
+    Scans(Row(CT_TIME,             "CT_TIME",             sizeof(BACnetTime),        Print<BACnetSPrintTime>),                              ScanWith<BACnetSScanTime>(K::Fixed)),
+    Scans(Row(CT_OBJECT_ID,        "CT_OBJECT_ID",        sizeof(BACnetObjectID),    Print<BACnetSPrintObjectID>,  {76, 154, 209}),         ScanWith<BACnetSScanObjectID>(K::Fixed)),
 
     Row(CT_PRI_ARRAY_ITEM,         "CT_PRI_ARRAY_ITEM",         28, nullptr, {87}),
     Row(CT_ADDRESS,                "CT_ADDRESS",                12),
-    Row(CT_DATE_TIME,              "CT_DATE_TIME",              sizeof(BACnetDateTime), Print<BACnetSPrintDateTime>),
+    Scans(Row(CT_DATE_TIME,        "CT_DATE_TIME",              sizeof(BACnetDateTime), Print<BACnetSPrintDateTime>), ScanWith<BACnetSScanDateTime>(K::Fixed)),
     Row(CT_OBJ_PROP_REFERENCE,     "CT_OBJ_PROP_REFERENCE",     16),
     Row(CT_PROPERTY_STATES,        "CT_PROPERTY_STATES",        8),
     Row(CT_EVENT_PARAMETER,        "CT_EVENT_PARAMETER",        52, nullptr, {}, R::Always),
@@ -147,11 +154,11 @@ constexpr DatatypeInfo kRows[] = {
     Row(CT_PORT_PERMISSION,        "CT_PORT_PERMISSION",        8),
     Row(CT_FAULT_PARAMETER,        "CT_FAULT_PARAMETER",        40),
 
-    Led(Row(CT_ASN1_FIRST,  "CT_ASN1_FIRST",  sizeof(BACnetRawASN1), Print<BACnetSPrintRawASN1>), "[ASN1]"),
-    Led(Row(CT_ASN1_SECOND, "CT_ASN1_SECOND", sizeof(BACnetRawASN1), Print<BACnetSPrintRawASN1>), "[ASN1]"),
-    Led(Row(CT_ASN1_THIRD,  "CT_ASN1_THIRD",  sizeof(BACnetRawASN1), Print<BACnetSPrintRawASN1>), "[ASN1]"),
+    Scans(Led(Row(CT_ASN1_FIRST,  "CT_ASN1_FIRST",  sizeof(BACnetRawASN1), Print<BACnetSPrintRawASN1>), "[ASN1]"), ScanWith<BACnetSScanASN1String>(K::Variable)),
+    Scans(Led(Row(CT_ASN1_SECOND, "CT_ASN1_SECOND", sizeof(BACnetRawASN1), Print<BACnetSPrintRawASN1>), "[ASN1]"), ScanWith<BACnetSScanASN1String>(K::Variable)),
+    Scans(Led(Row(CT_ASN1_THIRD,  "CT_ASN1_THIRD",  sizeof(BACnetRawASN1), Print<BACnetSPrintRawASN1>), "[ASN1]"), ScanWith<BACnetSScanASN1String>(K::Variable)),
     // Scans, but has no printer: it prints "?" like an unknown code.
-    Row(CT_ASN1_LAST,  "CT_ASN1_LAST",  sizeof(BACnetRawASN1)),
+    Scans(Row(CT_ASN1_LAST,  "CT_ASN1_LAST",  sizeof(BACnetRawASN1)),                                       ScanWith<BACnetSScanASN1String>(K::Variable)),
 };
 
 constexpr bool InCodeOrder() {
