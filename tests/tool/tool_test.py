@@ -35,6 +35,7 @@ def expect(name, condition, detail=""):
 COMMANDS = [
     # The tool and its subcommands
     ([], 2, "", r"no command given"),
+    (["--version"], 0, None, None),
     (["frobnicate"], 2, "", r"unknown command 'frobnicate'"),
     (["help", "nope"], 2, "", r"unknown command 'nope'"),
     (["scan", "--bogus", "1"], 2, "", r"bacfmt scan: unknown option '--bogus'"),
@@ -48,6 +49,9 @@ COMMANDS = [
     (["scan", "-t", "64", "1.5"], 0, "1.500000\n", None),
     (["scan", "-t", "CT_REAL", "--prefix", "1", "1.5"], 0, "[4] 1.500000\n", None),
     (["scan", "[4] 1.5"], 0, "1.500000\n", None),
+    (["scan", "1.5", "--type=real"], 0, "1.500000\n", None),
+    (["scan", "-P", "2", "-t", "date-time", "((*,1-may-2026),12:00:00.00)"], 0,
+     "[258] ((*, 1-may-2026),12:00:00.00)\n", None),
     (["scan", "--", "-7"], 0, "-7\n", None),
     (["scan", "7", "12:30:00.00", "T"], 0, "7\n12:30:00.00\nT\n", None),
     (["scan", "--numbers", "T"], 0, "1\n", None),
@@ -166,13 +170,37 @@ CHECK_LINES = [
      "device,1 description = \"Hall, east (new)\"", None),
     ("device,1 description = It's here", "device,1 description = \"It's here\"", None),
     ("device,1 description = \"say \"hi\"\"", "device,1 description = 'say \"hi'", None),
+    # Both quote kinds in one string: no written form reads back the same.
+    ("device,1 description = \"it's \"x\" y\"", "device,1 description = \"it's \"x\" y\"",
+     r"<stdin>:1: value does not read back as written \(description as CT_CHARACTER_STRING\)"),
     ("schedule,1 present-value = 21.5", "schedule,1 present-value = [4] 21.500000", None),
-    ("schedule,1 present-value = active", "schedule,1 present-value = [9] 1 => active", None),
+    ("schedule,1 present-value = [9] active", "schedule,1 present-value = [9] 1 => active",
+     None),
     ("analog-input,1 proprietary-600 = 7", "analog-input,1 proprietary-600 = [2] 7", None),
     ("binary-input,1 present-value = 1", "binary-input,1 present-value = 1 => active", None),
     ("analog-input,1 present-value = (1.5,2)", "analog-input,1 present-value = (1.5,2)",
      r"<stdin>:1: element count differs \(present-value as CT_REAL\): \(1\.5,2\)"),
     ("analog-input,4194303 status-flags = 1", None, None),
+    # Bit strings name their set bits; dates, times and date-times keep their
+    # unspecified fields; a fixed array wants all of its elements.
+    ("analog-input,1 status-flags = (T,F,T,F)",
+     "analog-input,1 status-flags = (T,F,T,F) (0 => in-alarm|2 => overridden)", None),
+    ("device,1 object-list = ((8,1),(0,7))",
+     "device,1 object-list = ((device,1),(analog-input,7))", None),
+    ("binary-input,1 change-of-state-time = ((*,1-may-2026),12:00:00.00)",
+     "binary-input,1 change-of-state-time = ((*, 1-may-2026),12:00:00.00)", None),
+    ("device,1 local-date = (*,*-*-*)", "device,1 local-date = (*,*-*-*)", None),
+    ("device,1 local-time = *:*:*.*", "device,1 local-time = *:*:*.*", None),
+    ("device,1 utc-offset = +60", "device,1 utc-offset = 60", None),
+    ("analog-input,1 event-message-texts = (\"a\",\"b\")", None,
+     r"element count differs \(event-message-texts as CT_CHARACTER_STRING\)"),
+    ("analog-input,1 event-message-texts = (\"a\",\"b\",\"c\")",
+     "analog-input,1 event-message-texts = (\"a\",\"b\",\"c\")", None),
+    ("schedule,1 schedule-default = null", "schedule,1 schedule-default = [0] NULL", None),
+    ("schedule,1 schedule-default = [5] 1.25", "schedule,1 schedule-default = [5] 1.250000",
+     None),
+    ("analog-value,1 priority-array = (NULL,NULL)", None,
+     r"datatype not settled or not supported \(priority-array as CT_PRI_ARRAY_ITEM\)"),
     ("x" * 5000, "x" * 5000, r"<stdin>:1: no \"=\""),
     ("analog-input,1 description = " + "(" * 300, None, r"syntax error"),
     ("analog-input,1 description = \xe9t\xe9 \u20ac", "analog-input,1 description = "
@@ -189,6 +217,24 @@ for line, output, err in CHECK_LINES:
         # Whatever a good line became must stay as it is.
         _, again, _ = run(["check", "-"], stdin=stdout)
         expect("check twice " + line[:40], again == stdout, f"{again!r} != {stdout!r}")
+
+# Several files: a missing one is reported, the others are still checked,
+# and the summary counts them all; CR LF line ends are taken as line ends.
+with tempfile.TemporaryDirectory() as tmp:
+    good, bad = os.path.join(tmp, "good.txt"), os.path.join(tmp, "bad.txt")
+    with open(good, "wb") as f:
+        f.write(b"# comment\r\n\r\nanalog-input,1 present-value = 1.5\r\n")
+    with open(bad, "w", encoding="utf-8") as f:
+        f.write("analog-input,1 present-value = 1.5\nanalog-input,1 units = nope\n")
+    code, stdout, stderr = run(["check", good, os.path.join(tmp, "gone.txt"), bad])
+    expect("check files status", code == 2, stderr)
+    expect("check files output", stdout.splitlines()[2] == "analog-input,1 present-value = 1.500000",
+           stdout)
+    expect("check files errors", re.search(r"cannot open .*gone\.txt", stderr)
+           and re.search(r"bad\.txt:2: datatype not settled .*: nope", stderr), stderr)
+    expect("check files summary", "3 values read, 1 errors found" in stderr, stderr)
+    code, _, stderr = run(["check", bad])
+    expect("check bad file status", code == 1, stderr)
 
 # Bytes that are no text at all must not crash the tool.
 with tempfile.NamedTemporaryFile("wb", suffix=".txt", delete=False) as junk:

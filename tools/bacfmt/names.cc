@@ -2,6 +2,7 @@
 
 #include <strings.h>
 
+#include <algorithm>
 #include <array>
 
 #include <bacfmt/bacfmt.h>
@@ -55,7 +56,9 @@ std::optional<uint32_t> EnumValueFromText(std::string_view text, uint32_t table)
 
 std::optional<uint32_t> DatatypeFromText(std::string_view text) {
     if (const auto number = ParseNumber(text)) return number;
-    const std::string wanted(text);
+    // "date-time" reads as "DATE_TIME": hyphens are easier to type.
+    std::string wanted(text);
+    std::replace(wanted.begin(), wanted.end(), '-', '_');
     for (uint32_t code = 0; code <= kLastDatatypeCode; ++code) {
         const char *name = BACnetContentsTypeName(code);
         if (name == nullptr) continue;

@@ -26,7 +26,8 @@ std::optional<uint32_t> PropertyFromText(std::string_view text);
 // A number of the table keyed `table`, or one of its names.
 std::optional<uint32_t> EnumValueFromText(std::string_view text, uint32_t table);
 
-// A datatype code by number or by name, "CT_REAL" or "real" alike.
+// A datatype code by number or by name: "CT_DATE_TIME", "date_time" and
+// "date-time" alike, in any case.
 std::optional<uint32_t> DatatypeFromText(std::string_view text);
 // "CT_REAL"; "from-value" for a catalogue datatype taken from the value;
 // "?" for a code without a name.

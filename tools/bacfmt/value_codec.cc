@@ -28,6 +28,52 @@ int RunPass(std::string_view text, BACnetContents *record, const ScanRequest &re
                                sizeOnly ? 1 : 0, request.hint);
 }
 
+// Strings of the default character set hold the bytes of the text as typed,
+// and a value file is UTF-8; the string printer, though, takes each byte of
+// that set as a character of its own and would encode "é" anew on every
+// pass. Such a string is printed from a UCS-4 copy made by the library's
+// own decoder, so that text comes out as it went in. Bytes that are not
+// UTF-8 stay as they are: then the byte-per-character reading is the right
+// one.
+BACnetCharString PrintableString(const BACnetCharString &string, std::vector<uint32_t> &units) {
+    if (string.charSet != BACNET_CHARSET_ANSI_X34 || string.chars == nullptr) return string;
+    const auto *bytes = static_cast<const uint8_t *>(string.chars);
+    const std::size_t length = strnlen(static_cast<const char *>(string.chars), string.bufferSize);
+    if (std::all_of(bytes, bytes + length, [](uint8_t byte) { return byte < 0x80; })) {
+        return string;
+    }
+    // One unit a character at most, and the decoder keeps one unit free.
+    constexpr std::size_t kSpareUnits = 2;
+    units.assign(length + kSpareUnits, 0);
+    BACnetCharString recoded{};
+    recoded.charSet = BACNET_CHARSET_UCS4;
+    recoded.bufferSize = static_cast<uint32_t>(units.size() * sizeof(uint32_t));
+    recoded.chars = units.data();
+    if (bacstr_from_utf8(&recoded, bytes, static_cast<uint32_t>(length)) < 0) return string;
+    return recoded;
+}
+
+// A record whose character strings are printable as above; other records
+// are passed through untouched.
+class PrintableRecord {
+public:
+    explicit PrintableRecord(const BACnetContents &record) : record_(record) {
+        if (record.type != CT_CHARACTER_STRING || record.data == nullptr) return;
+        const auto *strings = static_cast<const BACnetCharString *>(record.data);
+        units_.resize(record.count);
+        for (uint32_t i = 0; i < record.count; ++i) {
+            strings_.push_back(PrintableString(strings[i], units_[i]));
+        }
+        record_.data = strings_.data();
+    }
+    const BACnetContents &record() const { return record_; }
+
+private:
+    BACnetContents record_;
+    std::vector<std::vector<uint32_t>> units_;
+    std::vector<BACnetCharString> strings_;
+};
+
 }  // namespace
 
 ScannedValue ScanValue(std::string_view text, const ScanRequest &request) {
@@ -63,10 +109,12 @@ PrintedValue PrintValue(const BACnetContents &record, const PrintRequest &reques
     // the room left, so the buffer is twice the capacity handed over.
     constexpr int kFirstCapacity = 4096;
     constexpr int kLastCapacity = 4 << 20;
+    const PrintableRecord printable(record);
     PrintedValue result;
     for (int capacity = kFirstCapacity; capacity <= kLastCapacity; capacity *= 2) {
         std::vector<char> buffer(2 * static_cast<std::size_t>(capacity), '\0');
-        result.code = BACnetSPrintContents(buffer.data(), capacity, &record, request.property,
+        result.code = BACnetSPrintContents(buffer.data(), capacity, &printable.record(),
+                                           request.property,
                                            request.symbolic ? 1 : 0, request.prefixMode);
         if (result.code == -2) continue;
         if (result.code >= 0) {
@@ -79,7 +127,9 @@ PrintedValue PrintValue(const BACnetContents &record, const PrintRequest &reques
     return result;
 }
 
-std::string PrintQuotedString(const BACnetCharString &string) {
+std::string PrintQuotedString(const BACnetCharString &original) {
+    std::vector<uint32_t> units;
+    const BACnetCharString string = PrintableString(original, units);
     // Room for every unit as six UTF-8 bytes, an escape before each, quotes.
     constexpr std::size_t kBytesPerUnit = 7;
     constexpr std::size_t kQuotesAndTerminator = 3;

@@ -60,8 +60,7 @@ struct PrintedValue {
 PrintedValue PrintValue(const BACnetContents &record, const PrintRequest &request);
 
 // One character string in the quotes the string printer chooses, whatever
-// the property: a value file must read it back as one string even when it
-// holds commas, brackets or blanks at either end.
+// the property.
 std::string PrintQuotedString(const BACnetCharString &string);
 
 }  // namespace bacfmt::tool
