@@ -202,6 +202,22 @@ CHECK_LINES = [
     ("analog-value,1 priority-array = (NULL,NULL)", None,
      r"datatype not settled or not supported \(priority-array as CT_PRI_ARRAY_ITEM\)"),
     ("x" * 5000, "x" * 5000, r"<stdin>:1: no \"=\""),
+    # Names and numbers of the line's left side, and their limits.
+    ("ANALOG-INPUT,0x10 Present-Value = 1", "analog-input,16 present-value = 1.000000", None),
+    ("1023,4194303 75 = (1023,4194303)",
+     "proprietary-1023,4194303 object-identifier = (proprietary-1023,4194303)", None),
+    ("1024,1 present-value = 1", None, r"<stdin>:1: unknown object type: 1024\n"),
+    ("analog-input,4294967296 present-value = 1", None, r"invalid instance number: 4294967296"),
+    ("analog-input,4194304 present-value = 1", None, r"invalid instance number: 4194304"),
+    ("analog-input,+1 present-value = 1", None, r"invalid instance number: \+1"),
+    ("analog-input,1 4194304 = 1", None, r"unknown property: 4194304"),
+    (",1 present-value = 1", None, r"object type missing"),
+    ("analog-input, present-value = 1", None, r"instance number missing"),
+    ("analog-input,1 = 1", None, r"property missing"),
+    ("analog-input 1 present-value = 1", None, r"no \",\" between object type and instance"),
+    # The proprietary table gives present-value the time datatype.
+    ("proprietary-200,5 present-value = 1.5", None,
+     r"syntax error \(present-value as CT_TIME\): 1\.5"),
     ("analog-input,1 description = " + "(" * 300, None, r"syntax error"),
     ("analog-input,1 description = \xe9t\xe9 \u20ac", "analog-input,1 description = "
      "\"\xe9t\xe9 \u20ac\"", None),

@@ -37,8 +37,12 @@ ValueLine ParseValueLine(std::string_view text) {
     const std::string_view rest = Trim(left.substr(comma + 1));
     const auto blank = rest.find_first_of(kBlanks);
     if (type.empty()) return Malformed("object type missing");
-    if (rest.empty() || blank == 0) return Malformed("instance number missing");
-    if (blank == std::string_view::npos) return Malformed("property missing");
+    if (blank == std::string_view::npos) {
+        // One word after the comma is the instance when it is a number, else
+        // the property with the instance left out.
+        const bool number = !rest.empty() && rest.front() >= '0' && rest.front() <= '9';
+        return Malformed(number ? "property missing" : "instance number missing");
+    }
     const std::string_view property = Trim(rest.substr(blank));
     if (property.find_first_of(kBlanks) != std::string_view::npos) {
         return Malformed("property name holds a blank: \"" + std::string(property) + "\"");
