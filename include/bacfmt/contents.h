@@ -110,7 +110,7 @@ typedef enum BACnetContentsType {
 
 /* Character set codes of a character string (first field of the element). */
 enum {
-    BACNET_CHARSET_ANSI_X34 = 0,  /* held and printed as UTF-8 */
+    BACNET_CHARSET_ANSI_X34 = 0,  /* 8-bit units, printed as UTF-8 with each unit taken as a code */
     BACNET_CHARSET_DBCS = 1,      /* 16-bit units, carries a code page */
     BACNET_CHARSET_JIS_X0208 = 2, /* 8-bit units */
     BACNET_CHARSET_UCS4 = 3,      /* 32-bit units */
