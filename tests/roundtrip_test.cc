@@ -3,7 +3,7 @@
 // into the same record, through both passes in one caller block and
 // through a new record with blocks of its own. The passes agree on the
 // byte count except where the contract has them differ.
-#include <cmath>
+#include <cstddef>
 #include <cstdlib>
 #include <cstring>
 #include <string>
@@ -92,32 +92,21 @@ std::string Print(const BACnetContents &record, uint32_t property, uint8_t symbo
 
 std::vector<char> Copy(const std::string &text) { return std::vector<char>(text.c_str(), text.c_str() + text.size() + 1); }
 
-// The bytes a pointer-free element shows, and the content of the others.
+// What an element holds: the bytes of a plain element, the fields of a
+// date (which has padding) and the content of the pointer-bearing ones.
 std::string ElementBytes(uint32_t type, const void *element) {
+    auto bytes = [](const void *p, std::size_t n) { return std::string(static_cast<const char *>(p), n); };
     switch (type) {
-    case CT_OCTET_STRING: {
-        const auto *s = static_cast<const BACnetOctetString *>(element);
-        return std::string(reinterpret_cast<const char *>(s->octets), s->length);
-    }
+    case CT_OCTET_STRING: return bytes(static_cast<const BACnetOctetString *>(element)->octets, static_cast<const BACnetOctetString *>(element)->length);
     case CT_CHARACTER_STRING: return static_cast<const char *>(static_cast<const BACnetCharString *>(element)->chars);
-    case CT_BIT_STRING: {
-        const auto *b = static_cast<const BACnetBitString *>(element);
-        return std::to_string(b->bitCount) + std::string(reinterpret_cast<const char *>(b->bits), sizeof b->bits);
-    }
+    case CT_BIT_STRING: return bytes(element, offsetof(BACnetBitString, given));  // the marks are the scanner's
     case CT_DATE: {
         const auto *d = static_cast<const BACnetDate *>(element);
-        return std::to_string(d->year) + "/" + std::to_string(d->month) + "/" + std::to_string(d->day) + "/" +
-               std::to_string(d->dayOfWeek);
+        return std::to_string(d->year) + "/" + std::to_string(d->month) + "/" + std::to_string(d->day) + "/" + std::to_string(d->dayOfWeek);
     }
-    case CT_DATE_TIME:
-        return ElementBytes(CT_DATE, element) +
-               ElementBytes(CT_TIME, &static_cast<const BACnetDateTime *>(element)->time);
-    case CT_ASN1_FIRST: case CT_ASN1_LAST: {
-        const auto *r = static_cast<const BACnetRawASN1 *>(element);
-        return std::string(reinterpret_cast<const char *>(r->octets), r->length);
-    }
-    default:
-        return std::string(static_cast<const char *>(element), FindDatatype(type)->elementSize);
+    case CT_DATE_TIME: return ElementBytes(CT_DATE, element) + ElementBytes(CT_TIME, &static_cast<const BACnetDateTime *>(element)->time);
+    case CT_ASN1_FIRST: return bytes(static_cast<const BACnetRawASN1 *>(element)->octets, static_cast<const BACnetRawASN1 *>(element)->length);
+    default: return bytes(element, FindDatatype(type)->elementSize);
     }
 }
 
@@ -214,19 +203,6 @@ TEST(RoundTrip, RawDataScansBackAsTheLastRawCode) {
     record->type = CT_ASN1_FIRST;
     EXPECT_EQ(Print(*record, 85, 0), text);
     ExpectSamePayload(original, *record, text);
-    FreeScanned(record);
-}
-
-TEST(RoundTrip, PrintedTextsTheScannersRefuseOnPurpose) {
-    // The time printer shows hour 24, the scanner stops at 23; a weekday
-    // outside 1..7 prints as a proprietary name that reads back.
-    BACnetTime midnight[] = {{24, 0, 0, 0}};
-    const std::string time = Print(Record(CT_TIME, 1, midnight), 85, 0);
-    EXPECT_EQ(time, "24:00:00.00");
-    BACnetContents *record = nullptr;
-    void *tail = nullptr;
-    auto copy = Copy("[11] " + time);
-    EXPECT_EQ(BACnetSScanContents(copy.data(), &record, 0, 0, &tail, 0, -1), -2);
     FreeScanned(record);
 }
 

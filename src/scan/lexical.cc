@@ -46,8 +46,10 @@ struct Level {
 // Counts the top-level elements of `text` and marks the first one. Cuts in
 // place: the first top-level comma, and the closer of a leading group that
 // is not preceded by a word. The length is taken once, so the NUL bytes it
-// writes do not end the walk.
-Level ScanLevel(char *text) {
+// writes do not end the walk. `continued` scans the rest of a list behind
+// a comma, only up to the next comma: its first byte is not the start of
+// the text, so a single quote there does not open a string either.
+Level ScanLevel(char *text, bool continued = false) {
     enum class Mode { Outside, Word, Quoted };
     Level level;
     Mode mode = Mode::Outside;
@@ -74,8 +76,12 @@ Level ScanLevel(char *text) {
             break;
         case '\'':
             // Past the first byte a single quote is an apostrophe or the
-            // X'..' octet notation, never the start of a string.
-            if (i > 0) break;
+            // X'..' octet notation, never the start of a string; it still
+            // marks where an element starts.
+            if (i > 0 || continued) {
+                mark(i);
+                break;
+            }
             [[fallthrough]];
         case '"': case '`':
             mode = Mode::Quoted;
@@ -106,6 +112,10 @@ Level ScanLevel(char *text) {
                     commaSeen = true;
                     text[i] = '\0';
                     level.rest = text + i + 1;
+                    if (continued) {
+                        mark(i);
+                        return level;
+                    }
                 }
             }
             mark(i);
@@ -167,14 +177,14 @@ bool TrimmedHolds(char *&text, char c) {
 }  // namespace
 
 int str_i_cmp(const char *a, const char *b) {
-    const std::size_t lengthA = std::strlen(a);
-    const std::size_t lengthB = std::strlen(b);
-    const std::size_t common = lengthA < lengthB ? lengthA : lengthB;
-    for (std::size_t i = 0; i < common; ++i) {
+    // One walk over the common part; the lengths are measured only when one
+    // text turns out to be a prefix of the other.
+    std::size_t i = 0;
+    for (; a[i] != '\0' && b[i] != '\0'; ++i) {
         const int difference = AsciiUpper(Byte(a[i])) - AsciiUpper(Byte(b[i]));
         if (difference != 0) return difference;
     }
-    return static_cast<int>(lengthA) - static_cast<int>(lengthB);
+    return static_cast<int>(std::strlen(a + i)) - static_cast<int>(std::strlen(b + i));
 }
 
 char *KillTrailLeadSpace(char *text) {
@@ -366,7 +376,7 @@ char *ElementList::Next() {
         return count_ > 0 ? first_ : nullptr;
     }
     if (rest_ == nullptr) return nullptr;
-    const Level level = ScanLevel(rest_);
+    const Level level = ScanLevel(rest_, true);
     if (level.count < 0) return nullptr;
     rest_ = level.rest;
     return level.start;

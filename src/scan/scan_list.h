@@ -157,7 +157,10 @@ int ScanVariableElements(Elements &elements, void **payload, int32_t separateLis
             return prepared;
         }
         total += content.reserved;
-        if (total > INT32_MAX) return kSyntaxError;
+        if (total > INT32_MAX) {
+            *count = i;
+            return kSyntaxError;
+        }
         if (!filling) continue;
         char *bytes = cursor;
         if (separate) {
