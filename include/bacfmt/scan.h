@@ -12,8 +12,15 @@
  *   -2  syntax error (brackets, missing field, unconvertible value),
  *   -3  datatype not settled or not supported, unrecognised form or name,
  *   -4  a choice tag disagrees with the datatype already settled.
- * Scanners cut the text in place: it must be writable. Nothing is freed on
- * failure. Scanning is not reentrant.
+ * Scanners cut the text in place: it must be writable, and each pass needs
+ * its own copy. Nothing is freed on failure. Scanning is not reentrant.
+ *
+ * The two passes agree on the byte count except where the sizing pass
+ * counts more than the filling pass uses: a double's elements are counted
+ * three times, the element array of strings, octet strings and raw data
+ * twice. The filling pass never needs more than the sizing pass found.
+ * The date and object identifier scanners support texts shorter than 1000
+ * bytes; a longer single value is cut to its first 999 bytes.
  */
 #ifndef BACFMT_SCAN_H
 #define BACFMT_SCAN_H
@@ -46,7 +53,8 @@ BACFMT_API int32_t BACnetGetEnumValue(char *text, uint32_t selector, uint32_t un
 
 /* Primitive scanners. `payload` is the record's data slot: a null slot in the
  * filling pass makes the scanner allocate. `count` holds the expected count
- * on entry and the number found on return. */
+ * on entry and the number found on return (the index of the failing element
+ * after a conversion error). */
 BACFMT_API int BACnetSScanBoolean(char *text, void **payload, int32_t *count, int32_t sizeOnly);
 BACFMT_API int BACnetSScanUnsigned(char *text, void **payload, int32_t *count, int32_t sizeOnly);
 BACFMT_API int BACnetSScanSigned(char *text, void **payload, int32_t *count, int32_t sizeOnly);
@@ -61,7 +69,10 @@ BACFMT_API int BACnetSScanEnum(char *text, void **payload, int32_t *count, int32
 BACFMT_API int BACnetSScanBitString(char *text, void **payload, int32_t *count,
                                     int32_t *expectedBits, int32_t sizeOnly);
 /* Variable-length scanners: octets or characters go behind the element
- * array at `*tail` (single block) or into malloc blocks of their own. */
+ * array, or at `*tail` when that is not null (which then gets the advanced
+ * cursor), or into malloc blocks of their own when `separateLists` is set or
+ * the scanner allocated the element array. The result counts the elements
+ * and each element's buffer. */
 BACFMT_API int BACnetSScanOctetString(char *text, void **payload, int32_t separateLists,
                                       void **tail, int32_t *count, int32_t sizeOnly);
 BACFMT_API int BACnetSScanASN1String(char *text, void **payload, int32_t separateLists,
