@@ -284,15 +284,6 @@ TEST(ScanPrimitive, OctetStringsLieBehindTheirElements) {
         EXPECT_EQ(Variable<BACnetOctetString>(BACnetSScanOctetString, c.text, true, RenderOctets), std::to_string(c.sized));
         EXPECT_EQ(Variable<BACnetOctetString>(BACnetSScanOctetString, c.text, false, RenderOctets), std::to_string(c.sized) + c.outcome);
     }
-    std::vector<unsigned char> block(64);
-    char raw[] = "0x0102";
-    void *payload = block.data();
-    void *tail = nullptr;
-    int32_t count = 0;
-    ASSERT_EQ(BACnetSScanASN1String(raw, &payload, 0, &tail, &count, 0), static_cast<int>(sizeof(BACnetRawASN1)) + 2);
-    const auto *element = reinterpret_cast<const BACnetRawASN1 *>(block.data());
-    EXPECT_EQ(element->length, 2u);
-    EXPECT_EQ(element->octets, block.data() + sizeof(BACnetRawASN1));
 }
 
 TEST(ScanPrimitive, CharacterStringsAreUnquotedCopies) {
