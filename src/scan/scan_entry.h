@@ -4,7 +4,11 @@
 // A row names its scanner through ScanWith<Scanner>(kind): the adapter is
 // chosen from the scanner's argument list, the kind says how the dispatcher
 // counts the bytes in the sizing pass and moves its cursor in the filling
-// pass. A constructed family plugs in by filling its rows this way.
+// pass. A constructed family plugs in by filling its rows this way: Fixed
+// for the fixed scanners and for those taking (text, payload,
+// separateLists, count, sizeOnly); Variable for those with a tail;
+// VariableArrayCursor for the tail-taking ones whose cursor moves by the
+// element array only.
 #ifndef BACFMT_SCAN_SCAN_ENTRY_H
 #define BACFMT_SCAN_SCAN_ENTRY_H
 
