@@ -12,9 +12,8 @@ build=${BACFMT_FUZZ_BUILD_DIR:-$root/build-fuzz}
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 
-# Warnings are not errors here: clang warns about code that gcc accepts.
 if ! { CC=clang CXX=clang++ cmake -S "$root" -B "$build" -DBACFMT_BUILD_FUZZ=ON -DBACFMT_SANITIZE=ON \
-         -DBACFMT_WERROR=OFF -DBACFMT_BUILD_TESTS=OFF -DBACFMT_BUILD_TOOL=OFF &&
+         -DBACFMT_WERROR=ON -DBACFMT_BUILD_TESTS=OFF -DBACFMT_BUILD_TOOL=OFF &&
        cmake --build "$build" -j2 --target fuzz_scan_contents fuzz_lexical; } >"$scratch/build.log" 2>&1; then
   tail -n 40 "$scratch/build.log"
   exit 1

@@ -46,7 +46,7 @@ public:
     // A whole pattern, measured first: -2 when the measured length is at
     // least the room, otherwise written.
     int Format(const char *format, ...) __attribute__((format(printf, 2, 3)));
-    int FormatV(const char *format, va_list args);
+    int FormatV(const char *format, va_list args) __attribute__((format(printf, 2, 0)));
 
     // Digits prepared elsewhere (a number formatted into a scratch buffer):
     // written only when they fit strictly inside the room.

@@ -7,7 +7,8 @@
 
 namespace {
 
-int PrintToStandardError(int /*level*/, const char *format, va_list args) {
+__attribute__((format(printf, 2, 0))) int PrintToStandardError(int /*level*/, const char *format,
+                                                             va_list args) {
     return std::vfprintf(stderr, format, args);
 }
 
