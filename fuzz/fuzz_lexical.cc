@@ -12,20 +12,12 @@
 #include <bacfmt/scan.h>
 
 #include "scan/guess.h"
+#include "fuzz_text.h"
 #include "scan/lexical.h"
 
 namespace {
 
 using namespace bacfmt;
-
-struct Text {
-    Text(const uint8_t *data, size_t size) : bytes(data, data + size) { bytes.push_back(0); }
-    char *fresh() {
-        copy = bytes;
-        return reinterpret_cast<char *>(copy.data());
-    }
-    std::vector<uint8_t> bytes, copy;
-};
 
 void CheckSplitter(Text &text) {
     const int counted = ParseElement(text.fresh(), nullptr, nullptr);

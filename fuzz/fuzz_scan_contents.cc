@@ -15,6 +15,7 @@
 
 #include <bacfmt/scan.h>
 
+#include "fuzz_text.h"
 #include "print/datatypes.h"
 
 namespace {
@@ -46,16 +47,6 @@ Choice Choose(uint8_t codeByte, uint8_t flagByte) {
     return Choice{codes[static_cast<uint8_t>(codeByte - 0x20) % codes.size()], kHints[flags % kHintCount],
                   static_cast<int32_t>(flags / kHintCount % 4), static_cast<int32_t>(flags / 40 % 2)};
 }
-
-// The scanners cut their text: every pass gets a fresh terminated copy.
-struct Text {
-    Text(const uint8_t *data, size_t size) : bytes(data, data + size) { bytes.push_back(0); }
-    char *fresh() {
-        copy = bytes;
-        return reinterpret_cast<char *>(copy.data());
-    }
-    std::vector<uint8_t> bytes, copy;
-};
 
 // A record made by the scanner owns its element array and, for strings and
 // octets, one block per element. After a failure `count` is the index of
