@@ -16,7 +16,7 @@
 #include <bacfmt/scan.h>
 
 #include "fuzz_text.h"
-#include "print/datatypes.h"
+#include "datatypes/table.h"
 
 namespace {
 

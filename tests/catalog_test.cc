@@ -16,7 +16,7 @@
 #include <bacfmt/catalog.h>
 
 #include "catalog/element_sizes.h"
-#include "print/datatypes.h"
+#include "datatypes/table.h"
 
 namespace {
 

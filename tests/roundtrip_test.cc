@@ -14,7 +14,7 @@
 #include <bacfmt/print.h>
 #include <bacfmt/scan.h>
 
-#include "print/datatypes.h"
+#include "datatypes/table.h"
 
 namespace bacfmt {
 namespace {

@@ -10,7 +10,7 @@
 
 #include <bacfmt/scan.h>
 
-#include "print/datatypes.h"
+#include "datatypes/table.h"
 #include "scan/enum_lookup.h"
 #include "scan/guess.h"
 

@@ -183,6 +183,141 @@ typedef struct BACnetDateTime {
     BACnetTime time;
 } BACnetDateTime;
 
+/*
+ * Element layouts of the constructed datatypes. Sizes are those of the
+ * 32-bit target. In a payload laid out in one block, a nested array or an
+ * embedded record's payload may start at any byte address (the cursor moves
+ * by 5 after a NULL, by 1 after a boolean); the library reads and writes
+ * such elements by copying them, and callers walking such a payload
+ * should do the same.
+ */
+
+/* Date range element (32 bytes). */
+typedef struct BACnetDateRange {
+    BACnetDate start;
+    BACnetDate end;
+} BACnetDateRange;
+
+/* Week-and-day element (12 bytes). */
+typedef struct BACnetWeekNDay {
+    uint32_t month;     /* 0 = unspecified, 13 odd, 14 even months */
+    uint32_t week;      /* BACNET_ABSENT_U32 = unspecified */
+    uint32_t dayOfWeek; /* 0 = unspecified, 1 = Monday */
+} BACnetWeekNDay;
+
+enum {
+    BACNET_CALENDAR_DATE = 0,
+    BACNET_CALENDAR_DATE_RANGE = 1,
+    BACNET_CALENDAR_WEEK_N_DAY = 2
+};
+
+/* Calendar entry element (36 bytes): a date, a range or a pattern. */
+typedef struct BACnetCalendarEntry {
+    uint32_t choice; /* BACNET_CALENDAR_... */
+    union {
+        BACnetDate date;
+        BACnetDateRange range;
+        BACnetWeekNDay weekNDay;
+    } u;
+} BACnetCalendarEntry;
+
+/* Time/value element (28 bytes): the value is a whole record of its own. */
+typedef struct BACnetTimeValue {
+    BACnetTime time;
+    BACnetContents value;
+} BACnetTimeValue;
+
+/* Daily schedule element (8 bytes). */
+typedef struct BACnetDailySchedule {
+    BACnetTimeValue *timeValues;
+    uint32_t count;
+} BACnetDailySchedule;
+
+enum {
+    BACNET_SPECIAL_EVENT_CALENDAR_ENTRY = 0,
+    BACNET_SPECIAL_EVENT_CALENDAR_REFERENCE = 1
+};
+
+/* Special event element (52 bytes). */
+typedef struct BACnetSpecialEvent {
+    uint32_t periodChoice; /* BACNET_SPECIAL_EVENT_... */
+    union {
+        BACnetCalendarEntry entry;
+        BACnetObjectID calendar;
+    } period;
+    BACnetTimeValue *timeValues;
+    uint32_t count;
+    uint8_t priority;
+} BACnetSpecialEvent;
+
+enum {
+    BACNET_TIME_STAMP_TIME = 0,
+    BACNET_TIME_STAMP_SEQUENCE = 1,
+    BACNET_TIME_STAMP_DATE_TIME = 2
+};
+
+/* Time stamp element (24 bytes). */
+typedef struct BACnetTimeStamp {
+    uint32_t choice; /* BACNET_TIME_STAMP_... */
+    union {
+        BACnetTime time;
+        uint32_t sequence;
+        BACnetDateTime dateTime;
+    } u;
+} BACnetTimeStamp;
+
+/* Object property reference element (16 bytes). */
+typedef struct BACnetObjPropReference {
+    BACnetObjectID object;
+    uint32_t propertyId;
+    int32_t arrayIndex; /* -1 (all ones) = absent */
+} BACnetObjPropReference;
+
+/* Device object reference element (20 bytes). */
+typedef struct BACnetDevObjReference {
+    BACnetObjectID object;
+    uint8_t devicePresent;
+    BACnetObjectID device; /* valid when devicePresent is nonzero */
+} BACnetDevObjReference;
+
+/* Device object property reference element (28 bytes). */
+typedef struct BACnetDevObjPropReference {
+    BACnetObjectID object;
+    uint32_t propertyId;
+    int32_t arrayIndex; /* -1 (all ones) = absent */
+    uint8_t devicePresent;
+    BACnetObjectID device;
+} BACnetDevObjPropReference;
+
+/* Setpoint reference element (20 bytes). */
+typedef struct BACnetSetpointReference {
+    uint8_t present;
+    BACnetObjPropReference reference;
+} BACnetSetpointReference;
+
+/* Property reference element (8 bytes). */
+typedef struct BACnetPropertyReference {
+    uint32_t propertyId;
+    uint32_t arrayIndex; /* BACNET_ABSENT_U32 = absent */
+} BACnetPropertyReference;
+
+/* Property value element (36 bytes); it has no datatype code of its own. */
+typedef struct BACnetPropertyValue {
+    uint32_t propertyId;
+    uint32_t arrayIndex; /* BACNET_ABSENT_U32 = absent */
+    BACnetContents value;
+    uint32_t priority;   /* BACNET_ABSENT_U32 = absent */
+} BACnetPropertyValue;
+
+/* Device object property value element (48 bytes). */
+typedef struct BACnetDevObjPropValue {
+    BACnetObjectID device;
+    BACnetObjectID object;
+    uint32_t propertyId;
+    uint32_t arrayIndex; /* BACNET_ABSENT_U32 = absent */
+    BACnetContents value;
+} BACnetDevObjPropValue;
+
 /* One-token texts of the notation. */
 BACFMT_API extern const char UnknownString[];       /* "?" */
 BACFMT_API extern const char UnspecifiedString[];   /* "*" */

@@ -59,6 +59,63 @@ BACFMT_API int BACnetSPrintDateTime(char *dst, int size, const BACnetDateTime *v
 BACFMT_API int BACnetSPrintObjectID(char *dst, int size, const BACnetObjectID *value,
                                     uint8_t symbolic);
 
+/* Calendar and schedule values. `names` nonzero prints enumerations and
+ * object types by name, and is handed on to nested values. */
+BACFMT_API int BACnetSPrintDateRange(char *dst, int size, const BACnetDateRange *value);
+BACFMT_API int BACnetSPrintWeekNDay(char *dst, int size, const BACnetWeekNDay *value);
+/* A choice other than 0..2 writes only "[n] " and returns twice its length. */
+BACFMT_API int BACnetSPrintCalendarEntry(char *dst, int size, const BACnetCalendarEntry *value);
+BACFMT_API int BACnetSPrintTimeValue(char *dst, int size, const BACnetTimeValue *value, int names);
+BACFMT_API int BACnetSPrintDailySchedule(char *dst, int size, const BACnetDailySchedule *value,
+                                         int names);
+BACFMT_API int BACnetSPrintSpecialEvent(char *dst, int size, const BACnetSpecialEvent *value,
+                                        int names);
+BACFMT_API int BACnetSPrintTimeStamp(char *dst, int size, const BACnetTimeStamp *value);
+/* Lists of calendar values, "(" elements ")". The calendar-entry and
+ * time-value lists stop at the first failing element; the time-stamp,
+ * daily-schedule and special-event lists add every element's result, a
+ * negative one included, and go on: give them room for the whole text. */
+BACFMT_API int BACnetSPrintCalendarEntryList(char *dst, int size, const BACnetCalendarEntry *list,
+                                             unsigned count);
+BACFMT_API int BACnetSPrintTimeValueList(char *dst, int size, const BACnetTimeValue *list,
+                                         unsigned count, int names);
+BACFMT_API int BACnetSPrintTimeStampList(char *dst, int size, const BACnetTimeStamp *list,
+                                         unsigned count, int ignored);
+BACFMT_API int BACnetSPrintDailyScheduleList(char *dst, int size, const BACnetDailySchedule *list,
+                                             int ignored, int names, unsigned count);
+BACFMT_API int BACnetSPrintSpecialEventList(char *dst, int size, const BACnetSpecialEvent *list,
+                                            int ignored, int names, unsigned count);
+
+/* Object and property references and property values. */
+BACFMT_API int BACnetSPrintObjPropReference(char *dst, int size,
+                                            const BACnetObjPropReference *value, int names);
+BACFMT_API int BACnetSPrintDevObjReference(char *dst, int size,
+                                           const BACnetDevObjReference *value, int names);
+BACFMT_API int BACnetSPrintDevObjPropReference(char *dst, int size,
+                                               const BACnetDevObjPropReference *value, int names);
+BACFMT_API int BACnetSPrintSetpointReference(char *dst, int size,
+                                             const BACnetSetpointReference *value, int names);
+BACFMT_API int BACnetSPrintPropertyReference(char *dst, int size,
+                                             const BACnetPropertyReference *value, int names);
+BACFMT_API int BACnetSPrintPropertyValue(char *dst, int size, const BACnetPropertyValue *value,
+                                         int names);
+BACFMT_API int BACnetSPrintDevObjPropValue(char *dst, int size, const BACnetDevObjPropValue *value,
+                                           int names);
+/* Lists of references. The object list writes its closing bracket at the
+ * start of the destination, so that its text is ")" while its result is
+ * the whole length plus one. The device-object and device-object-property
+ * lists add every element's result, a negative one included, and go on:
+ * give them room for the whole text. */
+BACFMT_API int BACnetSPrintObjectList(char *dst, int size, const BACnetObjectID *list,
+                                      unsigned count, int names);
+BACFMT_API int BACnetSPrintObjPropRefList(char *dst, int size, const BACnetObjPropReference *list,
+                                          int names, unsigned count);
+BACFMT_API int BACnetSPrintDevObjRefList(char *dst, int size, const BACnetDevObjReference *list,
+                                         int names, unsigned count);
+BACFMT_API int BACnetSPrintDevObjPropRefList(char *dst, int size,
+                                             const BACnetDevObjPropReference *list, int names,
+                                             unsigned count);
+
 /* Plain arrays of primitive values, "(" values ")". */
 BACFMT_API int BACnetSPrintUnsignedList(char *dst, int size, const uint32_t *values,
                                         uint32_t count);

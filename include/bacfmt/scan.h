@@ -80,6 +80,54 @@ BACFMT_API int BACnetSScanASN1String(char *text, void **payload, int32_t separat
 BACFMT_API int BACnetSScanString(char *text, void **payload, int32_t separateLists,
                                  void **tail, int32_t *count, int32_t sizeOnly);
 
+/* Calendar and schedule values and references, fixed form: `payload`,
+ * `count` and `sizeOnly` as for the primitive scanners; the result is the
+ * elements' bytes. */
+BACFMT_API int BACnetSScanDateRange(char *text, void **payload, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanWeekNDay(char *text, void **payload, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanCalendarEntry(char *text, void **payload, int32_t *count,
+                                        int32_t sizeOnly);
+BACFMT_API int BACnetSScanTimeStamp(char *text, void **payload, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanObjPropReference(char *text, void **payload, int32_t *count,
+                                           int32_t sizeOnly);
+BACFMT_API int BACnetSScanDevObjReference(char *text, void **payload, int32_t *count,
+                                          int32_t sizeOnly);
+BACFMT_API int BACnetSScanDevObjPropReference(char *text, void **payload, int32_t *count,
+                                              int32_t sizeOnly);
+BACFMT_API int BACnetSScanSetpointReference(char *text, void **payload, int32_t *count,
+                                            int32_t sizeOnly);
+BACFMT_API int BACnetSScanPropertyReference(char *text, void **payload, int32_t *count,
+                                            int32_t sizeOnly);
+/* Values with nested content (embedded records, arrays of time values):
+ * nested parts go behind the element array, or at `*tail` when that is not
+ * null (which then gets the advanced cursor), or into malloc blocks of
+ * their own when `separateLists` is set or the scanner allocated the
+ * element array. The result counts the elements and every nested part;
+ * an embedded record is counted once more on top of its element. */
+BACFMT_API int BACnetSScanTimeValue(char *text, void **payload, int32_t separateLists,
+                                    void **tail, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanDailySchedule(char *text, void **payload, int32_t separateLists,
+                                        void **tail, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanSpecialEvent(char *text, void **payload, int32_t separateLists,
+                                       void **tail, int32_t *count, int32_t sizeOnly);
+/* The property value scanner does not switch to separate blocks when it
+ * allocates the element array itself: pass `separateLists` nonzero then. */
+BACFMT_API int BACnetSScanPropertyValue(char *text, void **payload, int32_t separateLists,
+                                        void **tail, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanDevObjPropValue(char *text, void **payload, int32_t separateLists,
+                                          void **tail, int32_t *count, int32_t sizeOnly);
+
+/*
+ * Releases a scanned record and every block it owns. Call it only on a
+ * record whose payload was allocated block by block: one the filling pass
+ * allocated (a null record pointer on entry), also after a failed scan.
+ * Never call it on a payload laid out in one caller buffer.
+ */
+BACFMT_API void BACnetFreeContents(BACnetContents *contents);
+/* The same for a record the caller owns (scanned with `separateLists` set
+ * into a record of its own): releases the payload blocks and clears `data`. */
+BACFMT_API void BACnetFreeContentsPayload(BACnetContents *contents);
+
 /* Bit-string helpers. */
 BACFMT_API int BACnetTestBitStringBit(const BACnetBitString *bits, uint8_t bit);
 BACFMT_API int BACnetSetBitStringBit(BACnetBitString *bits, uint8_t bit, uint8_t value);

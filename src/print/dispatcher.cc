@@ -5,7 +5,7 @@
 
 #include <bacfmt/print.h>
 
-#include "print/datatypes.h"
+#include "datatypes/table.h"
 #include "print/writer.h"
 
 namespace bacfmt {

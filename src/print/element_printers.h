@@ -3,7 +3,7 @@
 #ifndef BACFMT_PRINT_ELEMENT_PRINTERS_H
 #define BACFMT_PRINT_ELEMENT_PRINTERS_H
 
-#include "print/datatypes.h"
+#include "datatypes/table.h"
 
 namespace bacfmt {
 

@@ -1,5 +1,6 @@
 #include <bacfmt/print.h>
 
+#include "datatypes/unaligned.h"
 #include "print/element_printers.h"
 #include "print/writer.h"
 
@@ -21,12 +22,14 @@ int PrintCharacterStringElement(char *dst, int size, const void *element,
                                 const PrintContext &context) {
     Writer out(dst, size);
     const bool quote = context.bracketed || kAlwaysQuoted.Contains(context.propertyId);
-    return PrintString(out, static_cast<const BACnetCharString *>(element), quote);
+    const auto s = LoadUnaligned<BACnetCharString>(element);
+    return PrintString(out, &s, quote);
 }
 
 int PrintOptionalCharacterStringElement(char *dst, int size, const void *element,
                                         const PrintContext &context) {
-    const auto *s = static_cast<const BACnetCharString *>(element);
+    const auto string = LoadUnaligned<BACnetCharString>(element);
+    const BACnetCharString *s = &string;
     Writer out(dst, size);
     if (s->charSet == static_cast<uint32_t>(BACNET_CHARSET_NULL_CHOICE))
         return out.Text("[0]NULL");

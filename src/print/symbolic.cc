@@ -6,7 +6,7 @@
 #include <bacfmt/print.h>
 #include <bacfmt/scan.h>
 
-#include "print/datatypes.h"
+#include "datatypes/table.h"
 #include "print/writer.h"
 
 namespace bacfmt {

@@ -7,7 +7,7 @@
 
 #include <bacfmt/scan.h>
 
-#include "print/datatypes.h"
+#include "datatypes/table.h"
 #include "scan/guess.h"
 #include "scan/lexical.h"
 #include "scan/scan_entry.h"

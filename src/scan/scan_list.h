@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "datatypes/unaligned.h"
 #include "scan/lexical.h"
 
 namespace bacfmt {
@@ -33,6 +34,14 @@ inline void *AllocateBlock(uint64_t bytes) {
     void *block = std::malloc(bytes);
     if (block != nullptr) std::memset(block, 0, bytes);
     return block;
+}
+
+// An element array of `count` elements in a zeroed malloc block, with one
+// more zeroed element behind them. A failed scan leaves `count` at the index
+// of the failing element, which may hold blocks of its own already; the
+// spare element lets BACnetFreeContents visit that index in every case.
+inline void *AllocateArray(int64_t count, uint64_t elementSize) {
+    return AllocateBlock(static_cast<uint64_t>(count + 1) * elementSize);
 }
 
 // One element text standing for a whole list (a single bracketed date).
@@ -68,12 +77,15 @@ int ScanElements(Elements &elements, void **payload, int32_t *count, int32_t siz
     const int bytes = ArrayBytes(*count, sizeof(Element));
     if (bytes < 0) return kSyntaxError;
     if (sizeOnly != 0) return bytes;
-    if (*payload == nullptr && (*payload = AllocateBlock(bytes)) == nullptr) return kSyntaxError;
-    auto *out = static_cast<Element *>(*payload);
+    if (*payload == nullptr && (*payload = AllocateArray(*count, sizeof(Element))) == nullptr)
+        return kSyntaxError;
     const int32_t total = *count;
     for (int32_t i = 0; i < total; ++i) {
         char *text = elements.Next();
-        const int result = text != nullptr ? convert(KillTrailLeadSpace(text), out[i]) : kSyntaxError;
+        // A nested payload may start at any byte: convert into an aligned copy.
+        Element element = LoadElement<Element>(*payload, static_cast<size_t>(i));
+        const int result = text != nullptr ? convert(KillTrailLeadSpace(text), element) : kSyntaxError;
+        StoreElement(*payload, static_cast<size_t>(i), element);
         if (result < 0) {
             *count = i;
             return result;
@@ -135,14 +147,12 @@ int ScanVariableElements(Elements &elements, void **payload, int32_t separateLis
 
     const bool filling = sizeOnly == 0;
     bool separate = separateLists != 0;
-    Element *out = nullptr;
     char *cursor = nullptr;
     if (filling) {
         if (*payload == nullptr) {
-            if ((*payload = AllocateBlock(arrayBytes)) == nullptr) return kSyntaxError;
+            if ((*payload = AllocateArray(*count, sizeof(Element))) == nullptr) return kSyntaxError;
             separate = true;
         }
-        out = static_cast<Element *>(*payload);
         cursor = tail != nullptr && *tail != nullptr ? static_cast<char *>(*tail)
                                                      : static_cast<char *>(*payload) + arrayBytes;
     }
@@ -172,7 +182,9 @@ int ScanVariableElements(Elements &elements, void **payload, int32_t separateLis
         } else {
             cursor += content.advance;
         }
-        store(out[i], bytes, content);
+        Element element = LoadElement<Element>(*payload, static_cast<size_t>(i));
+        store(element, bytes, content);
+        StoreElement(*payload, static_cast<size_t>(i), element);
     }
     if (filling && tail != nullptr && *tail != nullptr) *tail = cursor;
     return static_cast<int>(total);

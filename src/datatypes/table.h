@@ -1,10 +1,11 @@
 // The datatype code table: for every BACnetContentsType code its name, the
 // size of one element, how the print dispatcher prints it (element printer
-// and bracket rule) and how the scan dispatcher scans it. Both dispatchers
-// are loops over this data; a constructed family plugs in by filling its
-// rows' printer and scanner.
-#ifndef BACFMT_PRINT_DATATYPES_H
-#define BACFMT_PRINT_DATATYPES_H
+// and bracket rule), how the scan dispatcher scans it and how a scanned
+// payload is released. Both dispatchers are loops over this data; a
+// constructed family plugs in by filling its rows' printer, scanner and
+// release.
+#ifndef BACFMT_DATATYPES_TABLE_H
+#define BACFMT_DATATYPES_TABLE_H
 
 #include <cstdint>
 #include <initializer_list>
@@ -26,6 +27,10 @@ struct PrintContext {
 
 using ElementPrinter = int (*)(char *dst, int size, const void *element,
                                const PrintContext &context);
+
+// Releases the blocks that `count` elements own (nested arrays, strings,
+// embedded records' payloads), not the element array itself.
+using ElementRelease = void (*)(void *elements, uint32_t count);
 
 enum class PrintForm : uint8_t {
     List,             // elements separated by commas, bracketed by the rule
@@ -65,6 +70,7 @@ struct DatatypeInfo {
     PropertySet bracketProperties;
     const char *lead = nullptr; // text before the list ("[ASN1]")
     ScanEntry scan;             // scan.kind == ScanKind::None: no scanner
+    ElementRelease release = nullptr; // null: the elements own no blocks
 
     constexpr bool IsPrimitive() const { return code <= CT_OBJECT_ID && code % 16 == 0; }
     constexpr bool Bracketed(uint32_t count, uint32_t propertyId) const {
@@ -86,4 +92,4 @@ const DatatypeInfo *DatatypeRowsEnd();
 
 }  // namespace bacfmt
 
-#endif  // BACFMT_PRINT_DATATYPES_H
+#endif  // BACFMT_DATATYPES_TABLE_H

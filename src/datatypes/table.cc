@@ -1,26 +1,38 @@
-#include "print/datatypes.h"
+#include "datatypes/table.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <iterator>
 #include <type_traits>
 
 #include <bacfmt/print.h>
 
+#include "datatypes/release.h"
+#include "datatypes/unaligned.h"
 #include "print/element_printers.h"
 
 namespace bacfmt {
 namespace {
 
 // Adapts an element printer of the public signature to the dispatcher's:
-// scalars are loaded from the payload, structures passed by pointer, and
-// the property and symbolic flag handed on where the printer takes them.
+// the element is copied out of the payload (which may start at any byte in
+// a nested layout) into an aligned object, scalars are passed by value and
+// structures by pointer, and the property and symbolic flag are handed on
+// where the printer takes them.
 template <typename Element>
-Element Load(const void *element) {
-    if constexpr (std::is_pointer_v<Element>)
-        return static_cast<Element>(element);
-    else
-        return *static_cast<const Element *>(element);
-}
+class Loaded {
+    using Value = std::remove_cv_t<std::remove_pointer_t<Element>>;
+    Value value_;
+
+public:
+    explicit Loaded(const void *element) : value_(LoadUnaligned<Value>(element)) {}
+    Element get() const {
+        if constexpr (std::is_pointer_v<Element>)
+            return &value_;
+        else
+            return value_;
+    }
+};
 
 template <auto Printer>
 struct Adapt;
@@ -28,21 +40,29 @@ struct Adapt;
 template <typename E, int (*Printer)(char *, int, E)>
 struct Adapt<Printer> {
     static int Print(char *dst, int size, const void *e, const PrintContext &) {
-        return Printer(dst, size, Load<E>(e));
+        return Printer(dst, size, Loaded<E>(e).get());
     }
 };
 
 template <typename E, int (*Printer)(char *, int, E, uint8_t)>
 struct Adapt<Printer> {
     static int Print(char *dst, int size, const void *e, const PrintContext &c) {
-        return Printer(dst, size, Load<E>(e), c.symbolic);
+        return Printer(dst, size, Loaded<E>(e).get(), c.symbolic);
+    }
+};
+
+// The constructed printers take the names flag as an int.
+template <typename E, int (*Printer)(char *, int, E, int)>
+struct Adapt<Printer> {
+    static int Print(char *dst, int size, const void *e, const PrintContext &c) {
+        return Printer(dst, size, Loaded<E>(e).get(), c.symbolic);
     }
 };
 
 template <typename E, int (*Printer)(char *, int, E, uint32_t, uint8_t)>
 struct Adapt<Printer> {
     static int Print(char *dst, int size, const void *e, const PrintContext &c) {
-        return Printer(dst, size, Load<E>(e), c.propertyId, c.symbolic);
+        return Printer(dst, size, Loaded<E>(e).get(), c.propertyId, c.symbolic);
     }
 };
 
@@ -82,6 +102,24 @@ constexpr DatatypeInfo Scans(DatatypeInfo row, ScanEntry scan) {
 
 using K = ScanKind;
 
+// The release column: what one element owns besides itself.
+constexpr DatatypeInfo Frees(DatatypeInfo row, ElementRelease release) {
+    row.release = release;
+    return row;
+}
+
+template <typename Element, auto Field>
+void FreeField(void *elements, uint32_t count) {
+    ReleaseEach<Element>(elements, count, [](Element &e) {
+        std::free(e.*Field);
+        e.*Field = nullptr;
+    });
+}
+
+constexpr ElementRelease kFreeOctets = FreeField<BACnetOctetString, &BACnetOctetString::octets>;
+constexpr ElementRelease kFreeChars = FreeField<BACnetCharString, &BACnetCharString::chars>;
+constexpr ElementRelease kFreeRaw = FreeField<BACnetRawASN1, &BACnetRawASN1::octets>;
+
 // Element sizes of the constructed codes are those of their layouts on the
 // 32-bit target (the catalogue's shapes are checked against them); a family
 // without a printer yet prints "?".
@@ -92,8 +130,8 @@ constexpr DatatypeInfo kRows[] = {
     Scans(Row(CT_SIGNED,           "CT_SIGNED",           sizeof(int32_t),           Print<BACnetSPrintSigned>),                            ScanWith<BACnetSScanSigned>(K::Fixed)),
     Scans(Row(CT_REAL,             "CT_REAL",             sizeof(float),             Print<BACnetSPrintReal>),                              ScanWith<BACnetSScanReal>(K::Fixed)),
     Scans(Row(CT_DOUBLE,           "CT_DOUBLE",           sizeof(double),            Print<BACnetSPrintDouble>),                            ScanWith<BACnetSScanDouble>(K::FixedDoubleSizing)),
-    Scans(Special(Row(CT_OCTET_STRING, "CT_OCTET_STRING", sizeof(BACnetOctetString), Print<BACnetSPrintOctetString>), PrintForm::FirstElementOnly), ScanWith<BACnetSScanOctetString>(K::Variable)),
-    Scans(Row(CT_CHARACTER_STRING, "CT_CHARACTER_STRING", sizeof(BACnetCharString),  PrintCharacterStringElement, {3, 110, 210, 220, 346}), ScanWith<BACnetSScanString>(K::Variable)),
+    Frees(Scans(Special(Row(CT_OCTET_STRING, "CT_OCTET_STRING", sizeof(BACnetOctetString), Print<BACnetSPrintOctetString>), PrintForm::FirstElementOnly), ScanWith<BACnetSScanOctetString>(K::Variable)), kFreeOctets),
+    Frees(Scans(Row(CT_CHARACTER_STRING, "CT_CHARACTER_STRING", sizeof(BACnetCharString),  PrintCharacterStringElement, {3, 110, 210, 220, 346}), ScanWith<BACnetSScanString>(K::Variable)), kFreeChars),
     Scans(Row(CT_BIT_STRING,       "CT_BIT_STRING",       sizeof(BACnetBitString),   Print<BACnetSPrintBitString>),                         ScanWith<BACnetSScanBitString>(K::Fixed)),
     Scans(Row(CT_ENUMERATED,       "CT_ENUMERATED",       sizeof(uint32_t),          Print<BACnetSPrintEnum>,      {7, 39, 166, 234, 303}), ScanWith<BACnetSScanEnum>(K::Fixed)),
     Scans(Row(CT_DATE,             "CT_DATE",             sizeof(BACnetDate),        Print<BACnetSPrintDate>),                              ScanWith<BACnetSScanDate>(K::Fixed)),
@@ -139,8 +177,8 @@ constexpr DatatypeInfo kRows[] = {
     Row(CT_ACCESS_RULE,            "CT_ACCESS_RULE",            60),
     Row(CT_ASSIGNED_ACCESS_RIGHTS, "CT_ASSIGNED_ACCESS_RIGHTS", 24),
     Row(CT_AUTHENTICATION_FACTOR_FORMAT, "CT_AUTHENTICATION_FACTOR_FORMAT", 12),
-    Row(CT_OPTIONAL_CHARACTER_STRING, "CT_OPTIONAL_CHARACTER_STRING", sizeof(BACnetCharString),
-        PrintOptionalCharacterStringElement, {7, 39}),
+    Frees(Row(CT_OPTIONAL_CHARACTER_STRING, "CT_OPTIONAL_CHARACTER_STRING", sizeof(BACnetCharString),
+        PrintOptionalCharacterStringElement, {7, 39}), kFreeChars),
     Row(CT_PROPERTY_ACCESS_RESULT, "CT_PROPERTY_ACCESS_RESULT", 56),
     Row(CT_VT_SESSION,             "CT_VT_SESSION",             20),
     Row(CT_SESSION_KEY,            "CT_SESSION_KEY",            24),
@@ -154,11 +192,11 @@ constexpr DatatypeInfo kRows[] = {
     Row(CT_PORT_PERMISSION,        "CT_PORT_PERMISSION",        8),
     Row(CT_FAULT_PARAMETER,        "CT_FAULT_PARAMETER",        40),
 
-    Scans(Led(Row(CT_ASN1_FIRST,  "CT_ASN1_FIRST",  sizeof(BACnetRawASN1), Print<BACnetSPrintRawASN1>), "[ASN1]"), ScanWith<BACnetSScanASN1String>(K::Variable)),
-    Scans(Led(Row(CT_ASN1_SECOND, "CT_ASN1_SECOND", sizeof(BACnetRawASN1), Print<BACnetSPrintRawASN1>), "[ASN1]"), ScanWith<BACnetSScanASN1String>(K::Variable)),
-    Scans(Led(Row(CT_ASN1_THIRD,  "CT_ASN1_THIRD",  sizeof(BACnetRawASN1), Print<BACnetSPrintRawASN1>), "[ASN1]"), ScanWith<BACnetSScanASN1String>(K::Variable)),
+    Frees(Scans(Led(Row(CT_ASN1_FIRST,  "CT_ASN1_FIRST",  sizeof(BACnetRawASN1), Print<BACnetSPrintRawASN1>), "[ASN1]"), ScanWith<BACnetSScanASN1String>(K::Variable)), kFreeRaw),
+    Frees(Scans(Led(Row(CT_ASN1_SECOND, "CT_ASN1_SECOND", sizeof(BACnetRawASN1), Print<BACnetSPrintRawASN1>), "[ASN1]"), ScanWith<BACnetSScanASN1String>(K::Variable)), kFreeRaw),
+    Frees(Scans(Led(Row(CT_ASN1_THIRD,  "CT_ASN1_THIRD",  sizeof(BACnetRawASN1), Print<BACnetSPrintRawASN1>), "[ASN1]"), ScanWith<BACnetSScanASN1String>(K::Variable)), kFreeRaw),
     // Scans, but has no printer: it prints "?" like an unknown code.
-    Scans(Row(CT_ASN1_LAST,  "CT_ASN1_LAST",  sizeof(BACnetRawASN1)),                                       ScanWith<BACnetSScanASN1String>(K::Variable)),
+    Frees(Scans(Row(CT_ASN1_LAST,  "CT_ASN1_LAST",  sizeof(BACnetRawASN1)),                                       ScanWith<BACnetSScanASN1String>(K::Variable)), kFreeRaw),
 };
 
 constexpr bool InCodeOrder() {
