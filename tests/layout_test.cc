@@ -20,6 +20,15 @@ TEST(Layout, PointerFreeElementsHaveContractSizes) {
     EXPECT_EQ(sizeof(BACnetDateTime), 20u);
     EXPECT_EQ(sizeof(BACnetErrorInfo), 12u);
     EXPECT_EQ(sizeof(ObjPropDescription), 20u);
+    EXPECT_EQ(sizeof(BACnetDateRange), 32u);
+    EXPECT_EQ(sizeof(BACnetWeekNDay), 12u);
+    EXPECT_EQ(sizeof(BACnetCalendarEntry), 36u);
+    EXPECT_EQ(sizeof(BACnetTimeStamp), 24u);
+    EXPECT_EQ(sizeof(BACnetObjPropReference), 16u);
+    EXPECT_EQ(sizeof(BACnetDevObjReference), 20u);
+    EXPECT_EQ(sizeof(BACnetDevObjPropReference), 28u);
+    EXPECT_EQ(sizeof(BACnetSetpointReference), 20u);
+    EXPECT_EQ(sizeof(BACnetPropertyReference), 8u);
 }
 
 TEST(Layout, RecordAndPointerElementsOn32BitTarget) {
@@ -30,6 +39,11 @@ TEST(Layout, RecordAndPointerElementsOn32BitTarget) {
     EXPECT_EQ(sizeof(BACnetCharString), 16u);
     EXPECT_EQ(sizeof(BACnetRawASN1), 8u);
     EXPECT_EQ(sizeof(BACnetStringTable), 28u);
+    EXPECT_EQ(sizeof(BACnetTimeValue), 28u);
+    EXPECT_EQ(sizeof(BACnetDailySchedule), 8u);
+    EXPECT_EQ(sizeof(BACnetSpecialEvent), 52u);
+    EXPECT_EQ(sizeof(BACnetPropertyValue), 36u);
+    EXPECT_EQ(sizeof(BACnetDevObjPropValue), 48u);
 }
 
 TEST(Layout, HeadersCompileAsC) { EXPECT_EQ(bacfmt_c_header_probe(), CT_REAL + 2 + 8); }
