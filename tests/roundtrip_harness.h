@@ -98,6 +98,39 @@ inline void ExpectFixedPoint(const Notation &n) {
     }
 }
 
+// Prints the scanned value at every capacity from 0 to its length with
+// guard bytes behind the capacity: nothing may be written past
+// `size + overrun` (overrun: the bytes a printer is known to write past
+// its capacity), the text stays terminated, and a full result is the
+// whole text.
+inline void ExpectBoundedAtEveryCapacity(const Notation &n, int overrun = 0) {
+    SCOPED_TRACE(n.text);
+    const std::string text = n.text;
+    BACnetContents sizing = Typed(n.code);
+    BACnetContents *target = &sizing;
+    void *tail = nullptr;
+    const int bytes = Scan(text, &target, 0, &tail, 1);
+    ASSERT_GT(bytes, 0);
+    std::vector<unsigned char> block(static_cast<size_t>(bytes));
+    auto *record = reinterpret_cast<BACnetContents *>(block.data());
+    *record = Typed(n.code);
+    ASSERT_GT(Scan(text, &record, 0, &tail, 0), 0);
+    const std::string full = Print(*record, n);
+    const int length = static_cast<int>(full.size());
+    constexpr unsigned char kGuard = 0xA5;
+    for (int size = 0; size <= length + 1; ++size) {
+        std::vector<unsigned char> buffer(static_cast<size_t>(length) + 64, kGuard);
+        char *dst = reinterpret_cast<char *>(buffer.data());
+        const int result = BACnetSPrintContents(dst, size, record, n.property, n.symbolic, 0);
+        const size_t limit = static_cast<size_t>(size + overrun);
+        for (size_t i = limit; i < buffer.size(); ++i)
+            ASSERT_EQ(buffer[i], kGuard) << "size " << size << ", byte " << i;
+        if (size > 0) EXPECT_NE(std::memchr(dst, '\0', limit), nullptr) << "size " << size;
+        if (result == length) EXPECT_EQ(std::string(dst), full) << "size " << size;
+        EXPECT_LE(result, size + overrun) << "size " << size;
+    }
+}
+
 }  // namespace bacfmt_test
 
 #endif  // BACFMT_TESTS_ROUNDTRIP_HARNESS_H
