@@ -1,6 +1,7 @@
 #include "datatypes/table.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <iterator>
 #include <type_traits>
@@ -204,15 +205,25 @@ constexpr bool InCodeOrder() {
         if (kRows[i - 1].code >= kRows[i].code) return false;
     return true;
 }
-static_assert(InCodeOrder(), "rows must stay sorted by code for the lookup");
+static_assert(InCodeOrder(), "rows stay in code order, the order of the listings");
+
+// Every code's row by direct index: the dispatchers look a row up per
+// record, so no search.
+constexpr uint8_t kNoRow = 0xFF;
+constexpr auto kRowOfCode = [] {
+    std::array<uint8_t, CT_ASN1_LAST + 1> rows{};
+    rows.fill(kNoRow);
+    for (size_t i = 0; i < std::size(kRows); ++i) rows[kRows[i].code] = static_cast<uint8_t>(i);
+    return rows;
+}();
+static_assert(std::size(kRows) < kNoRow, "row numbers fit in a byte");
 
 }  // namespace
 
 const DatatypeInfo *FindDatatype(uint32_t code) {
-    const DatatypeInfo *row = std::lower_bound(
-        std::begin(kRows), std::end(kRows), code,
-        [](const DatatypeInfo &r, uint32_t c) { return r.code < c; });
-    return row != std::end(kRows) && row->code == code ? row : nullptr;
+    if (code >= kRowOfCode.size()) return nullptr;
+    const uint8_t row = kRowOfCode[code];
+    return row != kNoRow ? &kRows[row] : nullptr;
 }
 
 const DatatypeInfo *DatatypeRowsBegin() { return std::begin(kRows); }

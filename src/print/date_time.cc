@@ -44,16 +44,16 @@ extern "C" int BACnetSPrintDate(char *dst, int size, const BACnetDate *value) {
     if (value->year != kYearUnspecified && value->year <= 9999) {
         year = Digits(yearText, value->year, 4, '0');
     }
-    return Writer(dst, size).Format("(%s,%s-%s-%s)", weekday, day, month, year);
+    return Writer(dst, size).Concat({"(", weekday, ",", day, "-", month, "-", year, ")"});
 }
 
 extern "C" int BACnetSPrintTime(char *dst, int size, const BACnetTime *value) {
     // The hour prints up to 24 on purpose; the scanners stop at 23.
     char hour[4], minute[4], second[4], hundredths[4];
-    return Writer(dst, size).Format("%s:%s:%s.%s", TwoDigits(hour, value->hour, 24),
-                                    TwoDigits(minute, value->minute, 59),
-                                    TwoDigits(second, value->second, 59),
-                                    TwoDigits(hundredths, value->hundredths, 99));
+    return Writer(dst, size).Concat({TwoDigits(hour, value->hour, 24), ":",
+                                     TwoDigits(minute, value->minute, 59), ":",
+                                     TwoDigits(second, value->second, 59), ".",
+                                     TwoDigits(hundredths, value->hundredths, 99)});
 }
 
 extern "C" int BACnetSPrintDateTime(char *dst, int size, const BACnetDateTime *value) {

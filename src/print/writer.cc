@@ -33,6 +33,20 @@ int Writer::FormatV(const char *format, va_list args) {
     return Step(std::vsnprintf(at(), static_cast<size_t>(room()), format, args));
 }
 
+int Writer::Concat(std::initializer_list<const char *> pieces) {
+    size_t total = 0;
+    for (const char *piece : pieces) total += std::strlen(piece);
+    if (total >= static_cast<size_t>(room() > 0 ? room() : 0)) return kNoRoom;
+    char *to = at();
+    for (const char *piece : pieces) {
+        const size_t length = std::strlen(piece);
+        std::memcpy(to, piece, length);
+        to += length;
+    }
+    *to = '\0';
+    return Step(static_cast<int>(total));
+}
+
 int Writer::Chars(const char *chars, int length) {
     if (length >= room()) return kNoRoom;
     std::memcpy(at(), chars, static_cast<size_t>(length));

@@ -11,6 +11,7 @@
 
 #include <cstdarg>
 #include <cstdint>
+#include <initializer_list>
 
 namespace bacfmt {
 
@@ -47,6 +48,11 @@ public:
     // least the room, otherwise written.
     int Format(const char *format, ...) __attribute__((format(printf, 2, 3)));
     int FormatV(const char *format, va_list args) __attribute__((format(printf, 2, 0)));
+
+    // Texts written one after the other as one pattern, as "%s%s..." would
+    // write them: measured as a whole, -2 when the total is at least the
+    // room. No formatting pass: the pieces are copied.
+    int Concat(std::initializer_list<const char *> pieces);
 
     // Digits prepared elsewhere (a number formatted into a scratch buffer):
     // written only when they fit strictly inside the room.
