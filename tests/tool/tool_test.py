@@ -43,7 +43,8 @@ COMMANDS = [
     (["scan", "1", "--type"], 2, "", r"option '--type' needs an argument"),
     (["scan"], 2, "", r"no text given"),
     (["check"], 2, "", r"no value file given"),
-    (["check", "/nonexistent/values.txt"], 2, "", r"cannot open '/nonexistent/values.txt'"),
+    (["check", "/nonexistent/values.txt"], 2, "",
+     r"cannot read '/nonexistent/values.txt': No such file or directory"),
     # scan: datatype from the option, a tag or a guess
     (["scan", "--type", "real", "1.5"], 0, "1.500000\n", None),
     (["scan", "-t", "64", "1.5"], 0, "1.500000\n", None),
@@ -137,7 +138,8 @@ for args, present, absent in TABLE_ROWS:
 
 # The dump shows the record and the payload of a 32-bit unsigned 7.
 code, stdout, _ = run(["scan", "--dump", "-t", "unsigned", "7"])
-expect("scan --dump", code == 0 and stdout.startswith("7\ntype\t32\tCT_UNSIGNED\ncount\t1\nsize\t4\n")
+expect("scan --dump", code == 0 and stdout.startswith(
+    "7\ntype\t32\tCT_UNSIGNED\nfrom\t--type\ncount\t1\nsize\t4\n")
        and "payload\t0000\t07 00 00 00" in stdout, repr(stdout))
 
 # check: the example site is clean, and its output checks to itself.
@@ -246,7 +248,7 @@ with tempfile.TemporaryDirectory() as tmp:
     expect("check files status", code == 2, stderr)
     expect("check files output", stdout.splitlines()[2] == "analog-input,1 present-value = 1.500000",
            stdout)
-    expect("check files errors", re.search(r"cannot open .*gone\.txt", stderr)
+    expect("check files errors", re.search(r"cannot read .*gone\.txt", stderr)
            and re.search(r"bad\.txt:2: datatype not settled .*: nope", stderr), stderr)
     expect("check files summary", "3 values read, 1 errors found" in stderr, stderr)
     code, _, stderr = run(["check", bad])

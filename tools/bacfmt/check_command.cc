@@ -1,123 +1,97 @@
 // bacfmt check: reads value files, scans each value with the datatype the
 // catalogue gives its property, and writes the file back normalised.
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
-#include <fstream>
-#include <iostream>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <variant>
 
 #include <bacfmt/bacfmt.h>
 
+#include "accept_value.h"
+#include "catalogue_type.h"
 #include "commands.h"
+#include "input_file.h"
 #include "names.h"
-#include "scan_words.h"
-#include "value_codec.h"
+#include "text_checks.h"
 #include "value_line.h"
 
 namespace bacfmt::tool {
 namespace {
 
-// Multiplicity markers of the catalogue: a single character string, an
-// array and a list of any length.
-constexpr uint32_t kSingleText = 253;
-constexpr uint32_t kFirstUnboundedMarker = 254;
-
-// How many elements a value of this shape must have; 0 for any number.
-int32_t ExpectedCount(uint32_t shape) {
-    const uint32_t multiplicity = OBJPROP_MULTIPLICITY(shape);
-    if (multiplicity == 0 || multiplicity == kSingleText) return 1;
-    if (multiplicity >= kFirstUnboundedMarker) return 0;
-    return static_cast<int32_t>(multiplicity);
-}
-
-// A value scanned and printed the way check writes it: a single character
-// string in quotes whatever the property, so that the line reads back as
-// one string even when it holds commas, brackets or blanks at either end.
-PrintedValue Render(const std::string &text, const ScanRequest &scan, const PrintRequest &print) {
-    const ScannedValue value = ScanValue(text, scan);
-    if (!value.ok()) return PrintedValue{value.code, {}};
-    const BACnetContents &record = value.record();
-    if (record.type == CT_CHARACTER_STRING && record.count == 1) {
-        return PrintedValue{0, PrintQuotedString(*static_cast<const BACnetCharString *>(record.data))};
-    }
-    PrintedValue printed = PrintValue(record, print);
-    if (printed.code < 0) printed.code = kPrintFailed;
-    return printed;
-}
-
-// What is wrong with a value line, and the text that shows it.
+// What is wrong with a value line, the text that shows it and the column
+// (counted in bytes from 1) where the fault lies, when one place is to blame.
 struct Problem {
     std::string what;
-    std::string offending;
+    std::string_view offending;
+    std::optional<std::size_t> column;
 };
 
 // The line check writes for a good value, or what is wrong with it.
-std::variant<std::string, Problem> Normalise(const ValueLine &line, const std::string &text) {
-    if (line.kind == ValueLine::Kind::Malformed) return Problem{line.problem, text};
+std::variant<std::string, Problem> Normalise(const ValueLine &line, std::string_view text) {
+    if (line.kind == ValueLine::Kind::Malformed) return Problem{line.problem, text, {}};
 
     const auto objectType = ObjectTypeFromText(line.objectType);
-    if (!objectType) return Problem{"unknown object type", line.objectType};
+    if (!objectType) return Problem{"unknown object type", line.objectType, {}};
     const auto instance = ParseNumber(line.instance);
     if (!instance || *instance > kMaxInstance) {
-        return Problem{"invalid instance number", line.instance};
+        return Problem{"invalid instance number", line.instance, {}};
     }
     const auto property = PropertyFromText(line.property);
-    if (!property) return Problem{"unknown property", line.property};
+    if (!property) return Problem{"unknown property", line.property, {}};
 
     // A property the catalogue does not know, or one whose value brings its
     // own type, is guessed from the text with no hint, so that names of any
     // table and a leading "[n]" tag are understood; it prints with its tag
     // so that the type survives the next reading.
-    ScanRequest scan;
-    const ObjPropDescription *row = GetObjPropDescription(*objectType, *property);
-    const bool guessed = row == nullptr || row->datatype == BACNET_DATATYPE_FROM_VALUE;
+    AcceptRequest request;
+    const CatalogueType catalogue = CatalogueTypeOf(*objectType, *property);
+    const bool guessed = catalogue.kind != CatalogueType::Kind::Known;
     if (!guessed) {
-        scan.datatype = row->datatype;
-        scan.expectedCount = ExpectedCount(row->shape);
-        scan.hint = static_cast<int32_t>(*property);
+        request.scan.datatype = catalogue.datatype;
+        request.scan.expectedCount = catalogue.expectedCount;
+        request.scan.hint = static_cast<int32_t>(*property);
     }
+    request.print = PrintRequest{*property, true, static_cast<uint8_t>(guessed ? 1 : 0)};
+    request.quoteSingleString = true;
+
     const std::string propertyName = BACnetPropIDString(*property);
-    const std::string reading = " (" + propertyName + " as " +
-                                (guessed ? std::string("guessed type") : DatatypeName(scan.datatype)) +
-                                ")";
-
-    const PrintRequest print{*property, true, static_cast<uint8_t>(guessed ? 1 : 0)};
-
-    const PrintedValue first = Render(line.value, scan, print);
-    if (first.code < 0) return Problem{ScanCodeWords(first.code) + reading, line.value};
-    // Some texts have no written form that reads back as the same value (a
-    // string holding both quote kinds, one ending in a backslash): refuse
-    // them rather than write a file that drifts on every check.
-    const PrintedValue second = Render(first.text, scan, print);
-    if (second.code < 0 || second.text != first.text) {
-        return Problem{"value does not read back as written" + reading, line.value};
+    auto result = AcceptValue(line.value, request);
+    if (const auto *problem = std::get_if<ValueProblem>(&result)) {
+        const std::string reading =
+            " (" + propertyName + " as " +
+            (guessed ? std::string("guessed type") : DatatypeName(request.scan.datatype)) + ")";
+        std::optional<std::size_t> column;
+        if (problem->offset) column = line.valueOffset + *problem->offset + 1;
+        return Problem{problem->what + reading, line.value, column};
     }
     return FormatValueLine(BACnetObjTypeString(*objectType), *instance, propertyName,
-                           first.text);
+                           std::get<AcceptedValue>(result).printed);
 }
 
 class Checker {
 public:
     explicit Checker(bool quiet) : quiet_(quiet) {}
 
-    void CheckStream(std::istream &in, const std::string &file) {
-        std::string text;
-        for (unsigned number = 1; std::getline(in, text); ++number) {
-            const ValueLine line = ParseValueLine(text);
-            if (line.kind == ValueLine::Kind::Nothing) {
-                Echo(text);
+    void CheckText(std::string_view text, const std::string &file) {
+        unsigned number = 0;
+        for (const std::string_view line : SplitLines(text)) {
+            ++number;
+            const ValueLine parsed = ParseValueLine(line);
+            if (parsed.kind == ValueLine::Kind::Nothing) {
+                Echo(line);
                 continue;
             }
             ++values_;
-            auto result = Normalise(line, text);
+            auto result = Normalise(parsed, line);
             if (const auto *problem = std::get_if<Problem>(&result)) {
                 // A bad line stays in the output unchanged, for the user to mend.
                 ++errors_;
-                std::cerr << file << ':' << number << ": " << problem->what << ": "
-                          << problem->offending << '\n';
-                Echo(text);
+                std::string where = file + ':' + std::to_string(number) + ": ";
+                if (problem->column) where += "column " + std::to_string(*problem->column) + ": ";
+                std::fprintf(stderr, "%s%s: %s\n", where.c_str(), problem->what.c_str(),
+                             QuoteForMessage(problem->offending).c_str());
+                Echo(line);
             } else {
                 Echo(std::get<std::string>(result));
             }
@@ -128,8 +102,10 @@ public:
     unsigned errors() const { return errors_; }
 
 private:
-    void Echo(const std::string &text) {
-        if (!quiet_) std::cout << text << '\n';
+    void Echo(std::string_view text) {
+        if (quiet_) return;
+        std::fwrite(text.data(), 1, text.size(), stdout);
+        std::fputc('\n', stdout);
     }
 
     bool quiet_;
@@ -151,21 +127,19 @@ int RunCheck(const Command &self, int argc, char **argv) {
     Checker checker(quiet);
     int status = kExitOk;
     for (const std::string &file : files) {
-        if (file == "-") {
-            checker.CheckStream(std::cin, "<stdin>");
-            continue;
-        }
-        std::ifstream in(file);
-        if (!in) {
-            PrintError(self.name, "cannot open '" + file + "': " + std::strerror(errno));
+        std::string error;
+        const auto text = ReadInput(file, error);
+        if (!text) {
+            std::fflush(stdout);
+            PrintError(self.name, "cannot read '" + InputName(file) + "': " + error);
             status = kExitUsage;
             continue;
         }
-        checker.CheckStream(in, file);
+        checker.CheckText(*text, InputName(file));
     }
-    std::cout.flush();
-    std::cerr << "bacfmt check: " << checker.values() << " values read, " << checker.errors()
-              << " errors found\n";
+    std::fflush(stdout);
+    std::fprintf(stderr, "bacfmt check: %u values read, %u errors found\n", checker.values(),
+                 checker.errors());
     if (status == kExitOk && checker.errors() > 0) status = kExitFailed;
     return status;
 }
@@ -185,20 +159,26 @@ const Command kCheckCommand{
     "value is scanned with the datatype the property catalogue gives the\n"
     "property (guessed from the text when the catalogue does not know the\n"
     "property or the value carries its own type) and printed back with names.\n"
-    "A value whose printed form would not read back as the same value is\n"
-    "reported as bad, so that the output checks to itself.\n"
+    "\n"
+    "The check is stricter than the library's scanners: every number must be\n"
+    "a whole number of the notation in range for its datatype (no word where\n"
+    "a number belongs, no trailing characters, no 4294967296 or -1 for an\n"
+    "unsigned), every name one the tables know, the line UTF-8 text without\n"
+    "NUL bytes, and the printed value must read back as the same value, so\n"
+    "that the output checks to itself.\n"
     "\n"
     "Standard output receives the file normalised: comments and blank lines\n"
     "as they were, good values printed back, bad lines unchanged. Standard\n"
-    "error receives one line FILE:LINE: problem: text per bad line and a\n"
-    "summary.\n"
+    "error receives one line FILE:LINE: problem: text per bad line (with\n"
+    "\"column N: \" after the line number where one element is to blame;\n"
+    "the text cut to 80 characters) and a summary.\n"
     "\n"
     "Options:\n"
     "  -q, --quiet   write only the error lines and the summary\n"
     "  -h, --help    show this help\n"
     "\n"
     "Exit status: 0 all values good, 1 some value bad, 2 usage error or\n"
-    "unreadable file.\n",
+    "unreadable file (a directory, no permission).\n",
     RunCheck};
 
 }  // namespace bacfmt::tool

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 #include <bacfmt/bacfmt.h>
 
@@ -52,6 +53,44 @@ std::optional<uint32_t> PropertyFromText(std::string_view text) {
 
 std::optional<uint32_t> EnumValueFromText(std::string_view text, uint32_t table) {
     return NumberOrName(text, table, UINT32_MAX);
+}
+
+namespace {
+
+std::optional<uint32_t> LookUp(std::string_view name, uint32_t table) {
+    std::string copy(name);  // the lookup trims in place
+    if (copy.empty()) return std::nullopt;
+    const int32_t value = BACnetGetEnumValue(copy.data(), table, 0, 0);
+    if (value == BACNET_ENUM_UNKNOWN || value < 0) return std::nullopt;
+    return static_cast<uint32_t>(value);
+}
+
+// Identifiers of every table, in the order the scanners search them.
+std::vector<uint32_t> TableIds() {
+    std::vector<uint32_t> ids;
+    const BACnetStringTableInfo *info = nullptr;
+    BACnetGetStringTableInfo(&info);
+    if (info == nullptr) return ids;
+    for (uint32_t i = 0; i < info->tableCount; ++i) ids.push_back(info->tables[i].tableId);
+    return ids;
+}
+
+}  // namespace
+
+std::optional<uint32_t> NameValue(std::string_view name, int32_t selector) {
+    if (selector >= 0) return LookUp(name, static_cast<uint32_t>(selector));
+    for (const uint32_t table : TableIds()) {
+        if (const auto value = LookUp(name, table)) return value;
+    }
+    return std::nullopt;
+}
+
+bool NameHasValue(std::string_view name, int32_t selector, uint32_t value) {
+    if (selector >= 0) return LookUp(name, static_cast<uint32_t>(selector)) == value;
+    for (const uint32_t table : TableIds()) {
+        if (LookUp(name, table) == value) return true;
+    }
+    return false;
 }
 
 std::optional<uint32_t> DatatypeFromText(std::string_view text) {

@@ -26,6 +26,15 @@ std::optional<uint32_t> PropertyFromText(std::string_view text);
 // A number of the table keyed `table`, or one of its names.
 std::optional<uint32_t> EnumValueFromText(std::string_view text, uint32_t table);
 
+// The value of an enumeration name as the scanners look it up: in the table
+// of `selector` (aliases and "proprietary-N" included), or in the first
+// table that knows it when `selector` is negative. Any case.
+std::optional<uint32_t> NameValue(std::string_view name, int32_t selector);
+// Whether `name` stands for `value` in the table of `selector`, or, for a
+// negative selector, in any table (a name may mean different numbers in
+// different tables).
+bool NameHasValue(std::string_view name, int32_t selector, uint32_t value);
+
 // A datatype code by number or by name: "CT_DATE_TIME", "date_time" and
 // "date-time" alike, in any case.
 std::optional<uint32_t> DatatypeFromText(std::string_view text);

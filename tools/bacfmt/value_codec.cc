@@ -108,23 +108,51 @@ PrintedValue PrintValue(const BACnetContents &record, const PrintRequest &reques
     // printers copy a name with the whole capacity as its bound instead of
     // the room left, so the buffer is twice the capacity handed over.
     constexpr int kFirstCapacity = 4096;
-    constexpr int kLastCapacity = 4 << 20;
+    constexpr int kLastCapacity = 32 << 20;
     const PrintableRecord printable(record);
     PrintedValue result;
     for (int capacity = kFirstCapacity; capacity <= kLastCapacity; capacity *= 2) {
         std::vector<char> buffer(2 * static_cast<std::size_t>(capacity), '\0');
-        result.code = BACnetSPrintContents(buffer.data(), capacity, &printable.record(),
-                                           request.property,
-                                           request.symbolic ? 1 : 0, request.prefixMode);
-        if (result.code == -2) continue;
-        if (result.code >= 0) {
-            // The count can fall short of the text (escapes inserted into a
-            // quoted string are not counted); the terminator is the truth.
-            result.text.assign(buffer.data(), strnlen(buffer.data(), buffer.size()));
+        const int code = BACnetSPrintContents(buffer.data(), capacity, &printable.record(),
+                                              request.property, request.symbolic ? 1 : 0,
+                                              request.prefixMode);
+        // Any negative result may mean "no room": a list's printer adds up
+        // its parts' results, so a -2 of one part can arrive as -1. And an
+        // element cut off by the end of the room may leave a positive
+        // result that no longer counts the text. Only a count that matches
+        // the text is a whole value.
+        const std::size_t length = strnlen(buffer.data(), buffer.size());
+        if (code >= 0 && static_cast<std::size_t>(code) == length) {
+            result.code = code;
+            result.text.assign(buffer.data(), length);
+            return result;
         }
-        return result;
     }
+    // Still no whole text at the largest room: the printer fails on this
+    // value, or counts a text it did not write (the escapes it inserts into
+    // a string that holds every kind of quote are not counted).
+    result.code = kPrintFailed;
     return result;
+}
+
+bool ReadsBackTheSame(ScannedValue &value, std::string_view printed, const ScanRequest &request) {
+    // Records hold pointers into their own block. Scanned into the very same
+    // block, an equal value gives equal bytes, pointers included.
+    const std::vector<unsigned char> first(value.block.get(), value.block.get() + value.blockSize);
+    BACnetContents probe{};
+    probe.type = request.datatype;
+    const int needed = RunPass(printed, &probe, request, true);
+    if (needed < 0 || std::max<std::size_t>(static_cast<std::size_t>(needed), sizeof(BACnetContents)) !=
+                          value.blockSize) {
+        return false;
+    }
+    std::memset(value.block.get(), 0, value.blockSize);
+    auto *record = reinterpret_cast<BACnetContents *>(value.block.get());
+    record->type = request.datatype;
+    const int code = RunPass(printed, record, request, false);
+    if (code < 0 || code > static_cast<int>(value.blockSize)) return false;
+    value.code = code;
+    return std::equal(first.begin(), first.end(), value.block.get());
 }
 
 std::string PrintQuotedString(const BACnetCharString &original) {

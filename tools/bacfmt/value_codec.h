@@ -45,13 +45,19 @@ struct ScannedValue {
 
 ScannedValue ScanValue(std::string_view text, const ScanRequest &request);
 
+// Whether `printed` scans into the same record as `value` holds, byte for
+// byte. The block is reused for that scan: on success it holds an equal
+// record, on failure something else.
+bool ReadsBackTheSame(ScannedValue &value, std::string_view printed, const ScanRequest &request);
+
 struct PrintRequest {
     uint32_t property = 0;
     bool symbolic = true;
     uint8_t prefixMode = 0;
 };
 
-// The printed text, or the printer's negative code.
+// The printed text, or kPrintFailed when the value does not print whole
+// into the largest buffer the tool tries.
 struct PrintedValue {
     int code = 0;
     std::string text;

@@ -55,6 +55,7 @@ ValueLine ParseValueLine(std::string_view text) {
     parsed.instance = rest.substr(0, blank);
     parsed.property = property;
     parsed.value = value;
+    parsed.valueOffset = static_cast<std::size_t>(value.data() - text.data());
     return parsed;
 }
 

@@ -8,6 +8,7 @@
 #ifndef BACFMT_TOOL_VALUE_LINE_H
 #define BACFMT_TOOL_VALUE_LINE_H
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -20,6 +21,7 @@ struct ValueLine {
     std::string instance;
     std::string property;
     std::string value;
+    std::size_t valueOffset = 0;  // of `value` in the line, in bytes
     std::string problem;  // for Malformed: what is wrong, in words
 };
 
