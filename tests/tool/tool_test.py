@@ -20,7 +20,8 @@ failures = []
 def run(args, stdin=""):
     # A foreign locale must not change a single byte of the output.
     env = dict(os.environ, LC_ALL="de_DE.UTF-8", LANG="de_DE.UTF-8")
-    done = subprocess.run([BACFMT] + args, input=stdin.encode(), capture_output=True,
+    data = stdin if isinstance(stdin, bytes) else stdin.encode()
+    done = subprocess.run([BACFMT] + args, input=data, capture_output=True,
                           env=env, timeout=60)
     return done.returncode, done.stdout.decode("utf-8", "replace"), \
         done.stderr.decode("utf-8", "replace")
@@ -260,6 +261,143 @@ with tempfile.NamedTemporaryFile("wb", suffix=".txt", delete=False) as junk:
 code, _, stderr = run(["check", junk.name])
 os.unlink(junk.name)
 expect("check junk", code in (0, 1), f"exit {code}: {stderr}")
+
+# --- Strict reading: the tool accepts only what the person wrote -----------
+# The library reads a word as 0, "4.5x" as 4.5 and wraps out-of-range
+# numbers; the tool must report each such value with its line and column.
+# (value line as bytes, stderr regex after "<stdin>:2: ")
+STRICT_REJECTS = [
+    (b"analog-input,1 present-value = abc", r"column 32: 'abc' is not a real number "
+     r"\(present-value as CT_REAL\): abc$"),
+    (b"analog-input,1 present-value = 4.5x", r"column 32: '4\.5x' is not a real number"),
+    (b"analog-input,1 present-value = 1e40", r"'1e40' is out of range for a real"),
+    (b"analog-input,1 present-value = 1e-50", r"too small for a real"),
+    (b"analog-input,1 present-value = +1.INF", r"reads as a NaN"),
+    (b"analog-input,1 present-value = \"5\"", r"a quoted text where a real number belongs"),
+    (b"multi-state-value,1 number-of-states = 4294967296", r"out of range for an unsigned"),
+    (b"multi-state-value,1 number-of-states = -1", r"'-1' is not an unsigned number"),
+    (b"multi-state-value,1 number-of-states = 010", r"leading 0"),
+    (b"multi-state-value,1 number-of-states = 0x", r"'0x' is not an unsigned number"),
+    (b"device,1 utc-offset = 2147483648", r"out of range for a signed"),
+    (b"device,1 utc-offset = 60x", r"'60x' is not a signed number"),
+    (b"analog-input,1 units = 62 => degrees-fahrenheit",
+     r"'degrees-fahrenheit' is not the name of 62 in the units table"),
+    (b"analog-input,1 units = foo-3", r"'foo-3' reads as the number after its last '-'"),
+    (b"analog-input,1 units = 62x", r"'62x' is not an enumeration value"),
+    (b"device,1 object-list = ((analog-3,1))", r"'analog-3' reads as the number"),
+    (b"device,1 object-list = ((1024,1))", r"syntax error|out of range for an object type"),
+    (b"device,1 local-time = 07:30:00.5x", r"is not a time"),
+    (b"device,1 local-date = (wednesday,14-january-2026x)", r"is not a date"),
+    (b"analog-input,1 status-flags = (T,F,t,F)", r"column 36: 't' reads as a bit not given"),
+    (b"analog-input,1 status-flags = (T,F,F,F) (2 => overridden)",
+     r"does not name the bits that are set"),
+    (b"analog-input,1 out-of-service = 1x", r"syntax error|'1x' is not a boolean"),
+    (b"schedule,1 present-value = [4x] 1.5", r"\[4x\] is not a datatype tag"),
+    # Six decimals cannot hold it: the file would change the value.
+    (b"analog-input,1 present-value = 0.0000001", r"value does not read back as written"),
+    # Bytes the scanners would cut at or take as Latin-1.
+    (b"analog-input,1 present-value = 2\x00 1.5", r"column 33: NUL byte .*: 2\\x00 1\.5$"),
+    (b"device,1 description = \"ab\x00cd\"", r"column 27: NUL byte"),
+    (b"device,1 description = \"ab\xfc\x80\x80\x80\x80\x80cd\"", r"column 27: invalid UTF-8"),
+    (b"device,1 description = \"caf\xe9\"", r"column 28: invalid UTF-8"),
+    (b"device,1 description = \"\xc0\xaf\"", r"invalid UTF-8"),
+    (b"device,1 description = \"\xed\xa0\x80\"", r"invalid UTF-8"),
+    (b"device,1 description = \"\xf4\x90\x80\x80\"", r"invalid UTF-8"),
+]
+for line, err in STRICT_REJECTS:
+    name = "strict " + line[:50].decode("latin-1")
+    code, stdout, stderr = run(["check", "-"], stdin=b"# a comment first\n" + line + b"\n")
+    expect(name, code == 1, f"exit {code}: {stderr}")
+    expect(name, re.search(r"^<stdin>:2: .*" + err, stderr, re.M), stderr)
+
+# What the strict reading must still accept, and how it prints it.
+STRICT_ACCEPTS = [
+    ("analog-input,1 present-value = 1e3", "analog-input,1 present-value = 1000.000000"),
+    ("analog-input,1 present-value = -inf", "analog-input,1 present-value = -inf"),
+    ("multi-state-value,1 number-of-states = 0x10", "multi-state-value,1 number-of-states = 16"),
+    ("multi-state-value,1 number-of-states = 4294967295",
+     "multi-state-value,1 number-of-states = 4294967295"),
+    ("device,1 utc-offset = -2147483648", "device,1 utc-offset = -2147483648"),
+    ("analog-input,1 units = proprietary-300", "analog-input,1 units = 300 => proprietary-300"),
+    ("analog-input,1 units = 62 => degrees-celsius", "analog-input,1 units = 62 => degrees-celsius"),
+    ("device,1 local-date = (*,1-5-2026)", "device,1 local-date = (*, 1-may-2026)"),
+    ("device,1 object-list = ((proprietary-1023,4194303))",
+     "device,1 object-list = ((proprietary-1023,4194303))"),
+    ("analog-input,1 status-flags = (1,0,1,0)",
+     "analog-input,1 status-flags = (T,F,T,F) (0 => in-alarm|2 => overridden)"),
+]
+for line, output in STRICT_ACCEPTS:
+    code, stdout, stderr = run(["check", "-"], stdin=line + "\n")
+    expect("strict accepts " + line, code == 0 and stdout == output + "\n",
+           f"exit {code}, {stdout!r}, {stderr!r}")
+
+# scan: the same reading, the catalogue's datatype, standard input.
+# (arguments, standard input, exit status, exact stdout or None, stderr regex or None)
+SCAN_STRICT = [
+    (["scan", "-p", "units", "degrees-celsius"], "", 0, "62 => degrees-celsius\n", None),
+    (["scan", "-t", "unsigned", "hello"], "", 1, "",
+     r"^bacfmt scan: column 1: 'hello' is not an unsigned number \(as CT_UNSIGNED\): hello\n$"),
+    (["scan", "-t", "real", "abc"], "", 1, "", r"'abc' is not a real number"),
+    (["scan", "-t", "real", "1.5", "abc", "2"], "", 1, "1.500000\n2.000000\n", r"'abc'"),
+    (["scan", "-p", "present-value", "-o", "analog-input", "1"], "", 0, "1.000000\n", None),
+    (["scan", "-p", "present-value", "-o", "binary-input", "active"], "", 0, "1 => active\n", None),
+    (["scan", "-o", "analog-input", "1"], "", 2, "", r"-o needs a property"),
+    (["scan", "-p", "units", "-o", "binary-input", "62"], "", 2, "", r"binary-input has no units"),
+    (["scan", "-p", "units", "-o", "nope", "62"], "", 2, "", r"unknown object type 'nope'"),
+    (["scan", "-d", "-p", "units", "62"], "", 0, None, None),
+    (["scan", "-t", "real", "-"], "1.5\n\n  \nabc\n2\n", 1, "1.500000\n2.000000\n",
+     r"^<stdin>:4: column 1: 'abc' is not a real number \(as CT_REAL\): abc\n$"),
+    (["scan", "-t", "unsigned", "-"], b"1\n2\x00\n", 1, "1\n", r"<stdin>:2: column 2: NUL byte"),
+]
+for args, stdin, status, out, err in SCAN_STRICT:
+    name = "bacfmt " + " ".join(args)
+    code, stdout, stderr = run(args, stdin=stdin)
+    expect(name, code == status, f"exit {code}, wanted {status}; stderr {stderr!r}")
+    if out is not None:
+        expect(name, stdout == out, f"stdout {stdout!r}, wanted {out!r}")
+    if err is not None:
+        expect(name, re.search(err, stderr), f"stderr {stderr!r} does not match {err!r}")
+
+# The dump says where the datatype came from.
+for args, source in [(["-t", "enumerated", "62"], "from\t--type\n"),
+                     (["-p", "units", "62"], "from\tcatalogue\tunits of every object type\n"),
+                     (["-p", "units", "-o", "analog-input", "62"], "from\tcatalogue\tunits of analog-input\n"),
+                     (["-p", "present-value", "1"], "from\tguess\tpresent-value differs by object type"),
+                     (["[4] 1"], "from\ttag\n"), (["1"], "from\tguess\n")]:
+    code, stdout, stderr = run(["scan", "--dump"] + args)
+    expect("scan --dump " + " ".join(args), code == 0 and source in stdout, stdout + stderr)
+
+# Long values print whole or not at all: lists that pass the first buffer
+# sizes, where a printer's part result can arrive as -1 or as a positive
+# count of a cut-off element.
+for count in (222, 228, 300, 2000):
+    text = "(" + ",".join(f"(analog-input,{i})" for i in range(count)) + ")"
+    code, stdout, stderr = run(["scan", "-t", "CT_OBJECT_ID", "-"], stdin=text + "\n")
+    expect(f"object identifiers x{count}", code == 0 and stdout == text + "\n",
+           f"exit {code}, ...{stdout[-60:]!r}, {stderr[:200]!r}")
+bits = "(" + ",".join(["(T,F,T)"] * 600) + ")"
+code, stdout, stderr = run(["scan", "-t", "bit-string", "-"], stdin=bits + "\n")
+expect("bit strings x600", code == 0 and stdout.count("(T,F,T)") == 600, stderr[:200])
+
+# Files that cannot be read are exit 2 with the system's message; the
+# others are still checked.
+with tempfile.TemporaryDirectory() as tmp:
+    code, _, stderr = run(["check", tmp, SITE])
+    expect("check directory", code == 2 and re.search(r"cannot read '.*': Is a directory", stderr)
+           and "0 errors found" in stderr, stderr)
+    if os.geteuid() != 0:  # root reads whatever the mode says
+        locked = os.path.join(tmp, "locked.txt")
+        with open(locked, "w") as f:
+            f.write("analog-input,1 present-value = 1\n")
+        os.chmod(locked, 0)
+        code, _, stderr = run(["check", locked])
+        expect("check unreadable", code == 2 and "Permission denied" in stderr, stderr)
+
+# An error about a huge value quotes its first 80 characters only.
+huge = b"device,1 description = \"" + b"x" * 10_000_000 + b"\x00\"\n"
+code, _, stderr = run(["check", "-q", "-"], stdin=huge)
+expect("huge value", code == 1 and len(stderr) < 400 and '"' + "x" * 79 + "... (10000003 bytes)" in stderr,
+       stderr[:400])
 
 for failure in failures:
     print("FAIL", failure)
