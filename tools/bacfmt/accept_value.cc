@@ -41,7 +41,13 @@ std::variant<AcceptedValue, ValueProblem> AcceptValue(std::string_view text,
         if (canonical.code < 0) return ValueProblem{ScanCodeWords(kPrintFailed), std::nullopt};
     }
 
-    if (const auto wrong = CheckElements(text, datatype, request.scan.hint, canonical.text)) {
+    PrintedValue numeric;
+    if (ChecksByShape(datatype)) {
+        numeric = Render(value.record(), PrintRequest{request.print.property, false, 0}, false);
+        if (numeric.code < 0) return ValueProblem{ScanCodeWords(kPrintFailed), std::nullopt};
+    }
+    const PrintedForms forms{canonical.text, numeric.text};
+    if (const auto wrong = CheckElements(text, datatype, request.scan.hint, forms)) {
         return ValueProblem{wrong->what, wrong->offset};
     }
     // Some values have no written form that reads back as the same value

@@ -62,30 +62,16 @@ std::string_view Trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
-// The words and numbers of the value's printed form: what the value holds
-// after the scanner has read it. The annotations "62 => degrees-celsius"
-// and "(0 => in-alarm|2 => overridden)" give their numbers and names too,
-// T and F count as 1 and 0.
+// The words and numbers of the value's printed forms, with names and with
+// numbers: what the value holds after the scanner has read it. The
+// annotations "62 => degrees-celsius" and "(0 => in-alarm|2 => overridden)"
+// give their numbers and names too, T and F count as 1 and 0.
 class PrintedForm {
 public:
-    explicit PrintedForm(std::string_view printed) {
-        hasUnspecified_ = printed.find_first_of("*?") != std::string_view::npos;
-        const auto nodes = ParseNotation(printed);
-        if (!nodes) return;
-        std::vector<const NotationNode *> words;
-        CollectWords(*nodes, words);
-        for (const NotationNode *word : words) {
-            Add(word->text);
-            std::size_t start = 0;
-            for (std::size_t bar; start <= word->text.size(); start = bar + 1) {
-                bar = std::min(word->text.find('|', start), word->text.size());
-                const std::string_view part = word->text.substr(start, bar - start);
-                const std::size_t arrow = part.find("=>");
-                if (arrow != std::string_view::npos) {
-                    Add(Trimmed(part.substr(0, arrow)));
-                    Add(Trimmed(part.substr(arrow + 2)));
-                }
-            }
+    explicit PrintedForm(const PrintedForms &forms) {
+        for (const std::string_view printed : {forms.symbolic, forms.numeric}) {
+            hasUnspecified_ = hasUnspecified_ || printed.find_first_of("*?") != std::string_view::npos;
+            if (const auto nodes = ParseNotation(printed)) AddWords(*nodes);
         }
     }
 
@@ -101,6 +87,24 @@ public:
     }
 
 private:
+    void AddWords(const std::vector<NotationNode> &nodes) {
+        std::vector<const NotationNode *> words;
+        CollectWords(nodes, words);
+        for (const NotationNode *word : words) {
+            Add(word->text);
+            std::size_t start = 0;
+            for (std::size_t bar; start <= word->text.size(); start = bar + 1) {
+                bar = std::min(word->text.find('|', start), word->text.size());
+                const std::string_view part = word->text.substr(start, bar - start);
+                const std::size_t arrow = part.find("=>");
+                if (arrow != std::string_view::npos) {
+                    Add(Trimmed(part.substr(0, arrow)));
+                    Add(Trimmed(part.substr(arrow + 2)));
+                }
+            }
+        }
+    }
+
     void Add(std::string_view word) {
         names_.insert(Lowered(word));
         if (word == "T") numbers_.insert(1);
@@ -115,12 +119,12 @@ private:
 
 class ElementChecker {
 public:
-    ElementChecker(int32_t hint, std::string_view printed) : hint_(hint), printed_(printed) {}
+    ElementChecker(int32_t hint, const PrintedForms &printed) : hint_(hint), printed_(printed) {}
 
     const std::optional<TextProblem> &problem() const { return problem_; }
 
     // A value of `datatype`: its words by the datatype's rule where it has
-    // one, by their shape otherwise.
+    // one, by their shape otherwise (see ChecksByShape).
     bool Value(const std::vector<NotationNode> &nodes, uint32_t datatype) {
         if (datatype == CT_CHARACTER_STRING) return true;  // any text is a string
         if (datatype == CT_BIT_STRING) return BitStrings(nodes);
@@ -234,9 +238,11 @@ private:
         const bool time = word.find(':') != std::string_view::npos && !TimeRule(word, hint_);
         const bool date = word.find('-') != std::string_view::npos && !DateWordRule(word, hint_);
         if (time || date || !OctetsRule(word, hint_)) return true;
-        const bool boolean = word == "t" || word == "f" || word == "true" || word == "false" ||
-                             word == "TRUE" || word == "FALSE";
-        const std::string_view canonical = boolean ? (word[0] == 't' || word[0] == 'T' ? "T" : "F") : word;
+        // Booleans print as T and F whatever their spelling.
+        const std::string lower = Lowered(word);
+        std::string_view canonical = word;
+        if (lower == "t" || lower == "true") canonical = "T";
+        if (lower == "f" || lower == "false") canonical = "F";
         if (printed_.HasName(canonical)) return true;
         const char first = word.empty() ? ' ' : word.front();
         const bool numeric = (first >= '0' && first <= '9') || first == '+' || first == '-' || first == '.';
@@ -252,8 +258,13 @@ private:
 
 }  // namespace
 
+bool ChecksByShape(uint32_t datatype) {
+    return datatype != CT_CHARACTER_STRING && datatype != CT_BIT_STRING && datatype != CT_OBJECT_ID &&
+           WordRuleOf(datatype) == nullptr;
+}
+
 std::optional<TextProblem> CheckElements(std::string_view value, uint32_t datatype, int32_t hint,
-                                         std::string_view printed) {
+                                         const PrintedForms &printed) {
     if (datatype == CT_CHARACTER_STRING) return std::nullopt;  // any text is a string
     const auto nodes = ParseNotation(value);
     if (!nodes) return TextProblem{"brackets unbalanced or nested too deeply", 0};

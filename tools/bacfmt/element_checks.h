@@ -21,11 +21,22 @@
 
 namespace bacfmt::tool {
 
+// The scanned value printed back with names and, for values checked by
+// shape, with numbers (a property written as 85 prints as present-value).
+struct PrintedForms {
+    std::string_view symbolic;
+    std::string_view numeric;
+};
+
+// Whether the elements of `datatype` are checked by their shape against
+// the printed forms, which then needs the numeric one too.
+bool ChecksByShape(uint32_t datatype);
+
 // `value` as the user wrote it, scanned as `datatype` with the enumeration
-// selector `hint` (-1: any table); `printed` is the scanned value printed
-// with names. The first element that fails, with its offset in `value`.
+// selector `hint` (-1: any table). The first element that fails, with its
+// offset in `value`.
 std::optional<TextProblem> CheckElements(std::string_view value, uint32_t datatype, int32_t hint,
-                                         std::string_view printed);
+                                         const PrintedForms &printed);
 
 }  // namespace bacfmt::tool
 
