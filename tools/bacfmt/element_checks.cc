@@ -4,6 +4,7 @@
 #include <cmath>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <bacfmt/contents.h>
@@ -15,6 +16,9 @@ namespace bacfmt::tool {
 namespace {
 
 using Rule = Verdict (*)(std::string_view word, int32_t hint);
+
+// The enumeration selector of no particular table: names of any table.
+constexpr int32_t kNoTable = -1;
 
 // The datatypes whose every word is one element of a kind, and what a
 // quoted text would have to be instead.
@@ -119,17 +123,18 @@ private:
 
 class ElementChecker {
 public:
-    ElementChecker(int32_t hint, const PrintedForms &printed) : hint_(hint), printed_(printed) {}
+    explicit ElementChecker(const PrintedForms &printed) : printed_(printed) {}
 
     const std::optional<TextProblem> &problem() const { return problem_; }
 
-    // A value of `datatype`: its words by the datatype's rule where it has
-    // one, by their shape otherwise (see ChecksByShape).
-    bool Value(const std::vector<NotationNode> &nodes, uint32_t datatype) {
+    // A value of `datatype` whose enumerations are named by the table of
+    // `hint`: its words by the datatype's rule where it has one, by their
+    // shape otherwise (see ChecksByShape).
+    bool Value(const std::vector<NotationNode> &nodes, uint32_t datatype, int32_t hint) {
         if (datatype == CT_CHARACTER_STRING) return true;  // any text is a string
         if (datatype == CT_BIT_STRING) return BitStrings(nodes);
         if (datatype == CT_OBJECT_ID) return ObjectIds(nodes);
-        if (const WordRule *row = WordRuleOf(datatype)) return EachWord(nodes, *row);
+        if (const WordRule *row = WordRuleOf(datatype)) return EachWord(nodes, *row, hint);
         return Shapes(nodes);
     }
 
@@ -139,19 +144,19 @@ private:
         return false;
     }
 
-    bool Check(const NotationNode &node, Rule rule) {
-        if (const Verdict wrong = rule(node.text, hint_)) return Fail(node, *wrong);
+    bool Check(const NotationNode &node, Rule rule, int32_t hint = kNoTable) {
+        if (const Verdict wrong = rule(node.text, hint)) return Fail(node, *wrong);
         return true;
     }
 
-    bool EachWord(const std::vector<NotationNode> &nodes, const WordRule &row) {
+    bool EachWord(const std::vector<NotationNode> &nodes, const WordRule &row, int32_t hint) {
         for (const NotationNode &node : nodes) {
             switch (node.kind) {
                 case NotationNode::Kind::Word:
-                    if (!Check(node, row.rule)) return false;
+                    if (!Check(node, row.rule, hint)) return false;
                     break;
                 case NotationNode::Kind::Group:
-                    if (!EachWord(node.children, row)) return false;
+                    if (!EachWord(node.children, row, hint)) return false;
                     break;
                 case NotationNode::Kind::Quoted:
                     return Fail(node, "a quoted text where " + std::string(row.noun) + " belongs: " +
@@ -200,7 +205,8 @@ private:
     }
 
     // Elements of a value whose layout the tool does not know: a "[n]" tag
-    // says what the next element is; other words are checked by shape.
+    // says what the next element is (an embedded value, whose names the
+    // scanner looks up in any table); other words are checked by shape.
     bool Shapes(const std::vector<NotationNode> &nodes) {
         for (std::size_t i = 0; i < nodes.size(); ++i) {
             const NotationNode &node = nodes[i];
@@ -208,7 +214,7 @@ private:
                 const auto datatype = TagDatatype(node.text);
                 if (!datatype) return Fail(node, "[" + std::string(node.text) + "] is not a datatype tag");
                 if (i + 1 == nodes.size()) continue;  // the scanner decides on a tag alone
-                if (!Value({nodes[i + 1]}, *datatype)) return false;
+                if (!Value({nodes[i + 1]}, *datatype, kNoTable)) return false;
                 ++i;
             } else if (node.kind == NotationNode::Kind::Group) {
                 if (!Shapes(node.children)) return false;
@@ -235,9 +241,9 @@ private:
         }
         // Times, dates and octets are checked by their own rules; a weekday
         // alone is a name like any other.
-        const bool time = word.find(':') != std::string_view::npos && !TimeRule(word, hint_);
-        const bool date = word.find('-') != std::string_view::npos && !DateWordRule(word, hint_);
-        if (time || date || !OctetsRule(word, hint_)) return true;
+        const bool time = word.find(':') != std::string_view::npos && !TimeRule(word, kNoTable);
+        const bool date = word.find('-') != std::string_view::npos && !DateWordRule(word, kNoTable);
+        if (time || date || !OctetsRule(word, kNoTable)) return true;
         // Booleans print as T and F whatever their spelling.
         const std::string lower = Lowered(word);
         std::string_view canonical = word;
@@ -251,7 +257,6 @@ private:
                                         "where a number belongs)");
     }
 
-    int32_t hint_;
     PrintedForm printed_;
     std::optional<TextProblem> problem_;
 };
@@ -268,7 +273,7 @@ std::optional<TextProblem> CheckElements(std::string_view value, uint32_t dataty
     if (datatype == CT_CHARACTER_STRING) return std::nullopt;  // any text is a string
     const auto nodes = ParseNotation(value);
     if (!nodes) return TextProblem{"brackets unbalanced or nested too deeply", 0};
-    std::vector<NotationNode> elements = *nodes;
+    std::vector<NotationNode> elements = std::move(*nodes);
     // The leading tag is the dispatcher's; the record's datatype says what it chose.
     if (!elements.empty() && elements.front().kind == NotationNode::Kind::Tag) {
         if (!TagDatatype(elements.front().text)) {
@@ -277,8 +282,8 @@ std::optional<TextProblem> CheckElements(std::string_view value, uint32_t dataty
         }
         elements.erase(elements.begin());
     }
-    ElementChecker checker(hint, printed);
-    checker.Value(elements, datatype);
+    ElementChecker checker(printed);
+    checker.Value(elements, datatype, hint);
     return checker.problem();
 }
 
