@@ -9,7 +9,9 @@ constexpr int kMaxDepth = 64;
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 bool IsOpener(char c) { return c == '(' || c == '{'; }
 bool IsCloser(char c) { return c == ')' || c == '}'; }
-bool IsQuote(char c) { return c == '"' || c == '\'' || c == '`'; }
+// A single quote opens a quoted text only where an element starts: "It's"
+// and X'0A' keep theirs as part of the word.
+bool OpensQuote(char c, bool elementStart) { return c == '"' || c == '`' || (c == '\'' && elementStart); }
 
 class Parser {
 public:
@@ -40,7 +42,7 @@ public:
                 elementStart = false;
             } else if (elementStart && c == '[' && Tag(out)) {
                 // a tag leaves the element open for its value
-            } else if (elementStart && IsQuote(c)) {
+            } else if (OpensQuote(c, elementStart)) {
                 Quoted(out);
                 elementStart = false;
             } else {
@@ -74,7 +76,7 @@ private:
     void Word(std::vector<NotationNode> &out) {
         const std::size_t start = at_;
         while (at_ < text_.size() && text_[at_] != ',' && !IsOpener(text_[at_]) &&
-               !IsCloser(text_[at_])) {
+               !IsCloser(text_[at_]) && !OpensQuote(text_[at_], false)) {
             ++at_;
         }
         std::size_t end = at_;
