@@ -88,7 +88,11 @@ ScannedValue ScanValue(std::string_view text, const ScanRequest &request) {
     }
     result.blockSize = std::max<std::size_t>(static_cast<std::size_t>(needed),
                                              sizeof(BACnetContents));
-    result.block.reset(static_cast<unsigned char *>(std::calloc(1, result.blockSize)));
+    // Zeroed room behind the payload: the octet string printer reads one
+    // element of a record that holds none ("()"), so a value must never end
+    // at the end of its allocation.
+    constexpr std::size_t kSlack = 64;
+    result.block.reset(static_cast<unsigned char *>(std::calloc(1, result.blockSize + kSlack)));
     if (result.block == nullptr) {
         result.code = kOutOfMemory;
         return result;
