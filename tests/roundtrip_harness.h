@@ -125,8 +125,12 @@ inline void ExpectBoundedAtEveryCapacity(const Notation &n, int overrun = 0) {
         const size_t limit = static_cast<size_t>(size + overrun);
         for (size_t i = limit; i < buffer.size(); ++i)
             ASSERT_EQ(buffer[i], kGuard) << "size " << size << ", byte " << i;
-        if (size > 0) EXPECT_NE(std::memchr(dst, '\0', limit), nullptr) << "size " << size;
-        if (result == length) EXPECT_EQ(std::string(dst), full) << "size " << size;
+        if (size > 0) {
+            EXPECT_NE(std::memchr(dst, '\0', limit), nullptr) << "size " << size;
+        }
+        if (result == length) {
+            EXPECT_EQ(std::string(dst), full) << "size " << size;
+        }
         EXPECT_LE(result, size + overrun) << "size " << size;
     }
 }
