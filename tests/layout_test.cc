@@ -29,6 +29,11 @@ TEST(Layout, PointerFreeElementsHaveContractSizes) {
     EXPECT_EQ(sizeof(BACnetDevObjPropReference), 28u);
     EXPECT_EQ(sizeof(BACnetSetpointReference), 20u);
     EXPECT_EQ(sizeof(BACnetPropertyReference), 8u);
+    EXPECT_EQ(sizeof(BACnetLightingCommand), 28u);
+    EXPECT_EQ(sizeof(BACnetAccumulatorRecord), 32u);
+    EXPECT_EQ(sizeof(BACnetPrescale), 8u);
+    EXPECT_EQ(sizeof(BACnetScale), 8u);
+    EXPECT_EQ(sizeof(BACnetShedLevel), 8u);
 }
 
 TEST(Layout, RecordAndPointerElementsOn32BitTarget) {
@@ -44,6 +49,9 @@ TEST(Layout, RecordAndPointerElementsOn32BitTarget) {
     EXPECT_EQ(sizeof(BACnetSpecialEvent), 52u);
     EXPECT_EQ(sizeof(BACnetPropertyValue), 36u);
     EXPECT_EQ(sizeof(BACnetDevObjPropValue), 48u);
+    EXPECT_EQ(sizeof(BACnetActionCommand), 64u);
+    EXPECT_EQ(sizeof(BACnetActionList), 8u);
+    EXPECT_EQ(sizeof(BACnetChannelValue), 32u);
 }
 
 TEST(Layout, HeadersCompileAsC) { EXPECT_EQ(bacfmt_c_header_probe(), CT_REAL + 2 + 8); }

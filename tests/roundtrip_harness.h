@@ -40,6 +40,11 @@ inline int Scan(const std::string &text, BACnetContents **record, int32_t separa
     return BACnetSScanContents(copy.data(), record, 0, separate, tail, sizeOnly, hint);
 }
 
+// A typed record is scanned with the property as hint: with no hint (-1) a
+// leading choice tag such as the "[1]" of a time stamp would be taken as
+// the datatype instead of being left to the type's scanner.
+inline int32_t Hint(const Notation &n) { return static_cast<int32_t>(n.property); }
+
 inline BACnetContents Typed(uint32_t code) { return {code, 0, nullptr, 0, {0, 0}}; }
 
 // Checks the fixed point in every layout; `what` names the case in failures.
@@ -51,14 +56,14 @@ inline void ExpectFixedPoint(const Notation &n) {
     BACnetContents sizingRecord = Typed(n.code);
     BACnetContents *sizingTarget = &sizingRecord;
     void *noTail = nullptr;
-    const int bytes = Scan(text, &sizingTarget, 0, &noTail, 1);
+    const int bytes = Scan(text, &sizingTarget, 0, &noTail, 1, Hint(n));
     ASSERT_GT(bytes, 0) << "sizing pass";
     {
         std::vector<unsigned char> block(static_cast<size_t>(bytes), 0xA5);
         auto *record = reinterpret_cast<BACnetContents *>(block.data());
         *record = Typed(n.code);
         void *tail = nullptr;
-        const int filled = Scan(text, &record, 0, &tail, 0);
+        const int filled = Scan(text, &record, 0, &tail, 0, Hint(n));
         ASSERT_GT(filled, 0) << "single block";
         EXPECT_LE(filled, bytes) << "filling needs more than sizing found";
         EXPECT_EQ(Print(*record, n), text) << "single block";
@@ -69,17 +74,19 @@ inline void ExpectFixedPoint(const Notation &n) {
         BACnetContents own = Typed(n.code);
         BACnetContents *record = &own;
         void *tail = buffer.data() + 1;
-        const int filled = Scan(text, &record, 0, &tail, 0);
+        const int filled = Scan(text, &record, 0, &tail, 0, Hint(n));
         ASSERT_GT(filled, 0) << "caller buffer";
         EXPECT_LE(static_cast<unsigned char *>(tail), buffer.data() + buffer.size());
         EXPECT_EQ(Print(own, n), text) << "caller buffer";
     }
-    // Separate blocks into a caller's record.
+    // Separate blocks into a caller's record: like a record the scanner
+    // allocates, it learns its type from a tag.
+    const std::string tagged = "[" + std::to_string(n.code) + "] " + text;
     {
         BACnetContents own = Typed(n.code);
         BACnetContents *record = &own;
         void *tail = nullptr;
-        const int filled = Scan(text, &record, 1, &tail, 0);
+        const int filled = Scan(tagged, &record, 1, &tail, 0);
         EXPECT_GT(filled, 0) << "separate blocks";
         EXPECT_EQ(Print(own, n), text) << "separate blocks";
         BACnetFreeContentsPayload(&own);
@@ -87,7 +94,6 @@ inline void ExpectFixedPoint(const Notation &n) {
     }
     // A record the scanner allocates: it learns its type from the tag.
     {
-        const std::string tagged = "[" + std::to_string(n.code) + "] " + text;
         BACnetContents *record = nullptr;
         void *tail = nullptr;
         const int filled = Scan(tagged, &record, 0, &tail, 0);
@@ -109,12 +115,12 @@ inline void ExpectBoundedAtEveryCapacity(const Notation &n, int overrun = 0) {
     BACnetContents sizing = Typed(n.code);
     BACnetContents *target = &sizing;
     void *tail = nullptr;
-    const int bytes = Scan(text, &target, 0, &tail, 1);
+    const int bytes = Scan(text, &target, 0, &tail, 1, Hint(n));
     ASSERT_GT(bytes, 0);
     std::vector<unsigned char> block(static_cast<size_t>(bytes));
     auto *record = reinterpret_cast<BACnetContents *>(block.data());
     *record = Typed(n.code);
-    ASSERT_GT(Scan(text, &record, 0, &tail, 0), 0);
+    ASSERT_GT(Scan(text, &record, 0, &tail, 0, Hint(n)), 0);
     const std::string full = Print(*record, n);
     const int length = static_cast<int>(full.size());
     constexpr unsigned char kGuard = 0xA5;

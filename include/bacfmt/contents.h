@@ -318,6 +318,110 @@ typedef struct BACnetDevObjPropValue {
     BACnetContents value;
 } BACnetDevObjPropValue;
 
+/* Commands, actions and metering values. */
+
+/* Bits of BACnetActionCommand.present. */
+#define BACNET_ACTION_DEVICE_PRESENT 0x1u
+#define BACNET_ACTION_POST_DELAY_PRESENT 0x2u
+
+/* Action command element (64 bytes): one write of a command object. */
+typedef struct BACnetActionCommand {
+    uint32_t present;        /* BACNET_ACTION_..._PRESENT bits */
+    BACnetObjectID device;
+    BACnetObjectID object;
+    uint32_t propertyId;
+    uint32_t arrayIndex;     /* BACNET_ABSENT_U32 = none */
+    BACnetContents value;
+    uint32_t priority;       /* BACNET_ABSENT_U32 = none */
+    uint32_t postDelay;
+    uint8_t quitOnFailure;
+    uint8_t writeSuccessful;
+} BACnetActionCommand;
+
+/* Action list element (8 bytes): the count comes first. */
+typedef struct BACnetActionList {
+    uint32_t count;
+    BACnetActionCommand *commands;
+} BACnetActionList;
+
+/* Bits of BACnetLightingCommand.present. */
+#define BACNET_LIGHTING_TARGET_LEVEL 0x01u
+#define BACNET_LIGHTING_RAMP_RATE 0x02u
+#define BACNET_LIGHTING_STEP_INCREMENT 0x04u
+#define BACNET_LIGHTING_FADE_TIME 0x08u
+#define BACNET_LIGHTING_PRIORITY 0x10u
+
+/* Lighting command element (28 bytes). */
+typedef struct BACnetLightingCommand {
+    uint32_t present;   /* BACNET_LIGHTING_... bits */
+    uint32_t operation; /* enumerated */
+    float targetLevel;
+    float rampRate;
+    float stepIncrement;
+    uint32_t fadeTime;
+    uint32_t priority;
+} BACnetLightingCommand;
+
+/* Channel value element (32 bytes): a datatype code and that type's
+ * element. A double is kept as two words (the element is only 4-byte
+ * aligned on the 32-bit target); copy it out with memcpy. */
+typedef struct BACnetChannelValue {
+    uint32_t type; /* a BACnetContentsType code */
+    union {
+        uint8_t boolean;
+        uint32_t unsignedValue; /* also an enumeration value */
+        int32_t signedValue;
+        float real;
+        uint32_t doubleWords[2];
+        BACnetOctetString octets;
+        BACnetCharString string;
+        BACnetBitString bits;
+        BACnetDate date;
+        BACnetTime time;
+        BACnetObjectID objectId;
+        BACnetLightingCommand lighting;
+    } u;
+} BACnetChannelValue;
+
+/* Accumulator record element (32 bytes). */
+typedef struct BACnetAccumulatorRecord {
+    BACnetDateTime timestamp;
+    uint32_t presentValue;
+    uint32_t accumulatedValue;
+    uint32_t status; /* enumerated accumulator status */
+} BACnetAccumulatorRecord;
+
+/* Prescale element (8 bytes). */
+typedef struct BACnetPrescale {
+    uint32_t multiplier;
+    uint32_t moduloDivide;
+} BACnetPrescale;
+
+/* Scale element (8 bytes): CT_SIGNED for an integer factor, CT_REAL for a
+ * real one. */
+typedef struct BACnetScale {
+    uint32_t type;
+    union {
+        int32_t integer;
+        float real;
+    } factor;
+} BACnetScale;
+
+enum {
+    BACNET_SHED_PERCENT = 0,
+    BACNET_SHED_LEVEL = 1,
+    BACNET_SHED_AMOUNT = 2
+};
+
+/* Shed level element (8 bytes). */
+typedef struct BACnetShedLevel {
+    uint8_t choice; /* BACNET_SHED_... */
+    union {
+        uint32_t unsignedValue; /* percent or level */
+        float amount;
+    } value;
+} BACnetShedLevel;
+
 /* One-token texts of the notation. */
 BACFMT_API extern const char UnknownString[];       /* "?" */
 BACFMT_API extern const char UnspecifiedString[];   /* "*" */

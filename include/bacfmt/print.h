@@ -116,6 +116,27 @@ BACFMT_API int BACnetSPrintDevObjPropRefList(char *dst, int size,
                                              const BACnetDevObjPropReference *list, int names,
                                              unsigned count);
 
+/* Commands, actions and metering values. The command's property prints
+ * by name always, its value with its datatype prefix; an enumerated value
+ * always as a number. */
+BACFMT_API int BACnetSPrintActionCommand(char *dst, int size, const BACnetActionCommand *command,
+                                         uint8_t symbolic);
+BACFMT_API int BACnetSPrintActionList(char *dst, int size, const BACnetActionList *list,
+                                      uint8_t symbolic);
+BACFMT_API int BACnetSPrintAction(char *dst, int size, const BACnetActionList *lists,
+                                  uint8_t symbolic, uint32_t count);
+BACFMT_API int BACnetSPrintLightingCommand(char *dst, int size,
+                                           const BACnetLightingCommand *command, uint8_t symbolic);
+BACFMT_API int BACnetSPrintChannelValue(char *dst, int size, const BACnetChannelValue *value,
+                                        uint8_t symbolic);
+BACFMT_API int BACnetSPrintAccumulatorRecord(char *dst, int size,
+                                             const BACnetAccumulatorRecord *record);
+BACFMT_API int BACnetSPrintPrescale(char *dst, int size, const BACnetPrescale *prescale);
+/* -3 for a datatype other than CT_SIGNED and CT_REAL. */
+BACFMT_API int BACnetSPrintScale(char *dst, int size, const BACnetScale *scale);
+/* -3 for a choice other than 0..2. */
+BACFMT_API int BACnetSPrintShedLevel(char *dst, int size, const BACnetShedLevel *shedLevel);
+
 /* Plain arrays of primitive values, "(" values ")". */
 BACFMT_API int BACnetSPrintUnsignedList(char *dst, int size, const uint32_t *values,
                                         uint32_t count);

@@ -117,6 +117,24 @@ BACFMT_API int BACnetSScanPropertyValue(char *text, void **payload, int32_t sepa
 BACFMT_API int BACnetSScanDevObjPropValue(char *text, void **payload, int32_t separateLists,
                                           void **tail, int32_t *count, int32_t sizeOnly);
 
+/* Commands, actions and metering values. An action list reads
+ * "(command,...)"; a single command written bare, with eight or nine
+ * fields, is a list of one. The action list array (what the dispatcher
+ * calls for CT_ACTION_LIST) reads one list or a list of lists. */
+BACFMT_API int BACnetSScanActionList(char *text, void **payload, int32_t separateLists,
+                                     void **tail, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanActionListArray(char *text, void **payload, int32_t separateLists,
+                                          void **tail, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanLightingCommand(char *text, void **payload, int32_t *count,
+                                          int32_t sizeOnly);
+BACFMT_API int BACnetSScanChannelValue(char *text, void **payload, int32_t separateLists,
+                                       void **tail, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanAccumulatorRecord(char *text, void **payload, int32_t *count,
+                                            int32_t sizeOnly);
+BACFMT_API int BACnetSScanPrescale(char *text, void **payload, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanScale(char *text, void **payload, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanShedLevel(char *text, void **payload, int32_t *count, int32_t sizeOnly);
+
 /*
  * Releases a scanned record and every block it owns. Call it only on a
  * record whose payload was allocated block by block: one the filling pass

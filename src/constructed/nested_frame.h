@@ -61,6 +61,15 @@ public:
         return result;
     }
 
+    // Scans the text of one element of datatype `code` straight into
+    // `element` with the table's scanner for that code (a value held in an
+    // element rather than behind a record: a channel value, a priority
+    // array slot). Its nested content (a string's characters) goes at the
+    // tail in single-block mode, which moves behind it. Returns the bytes
+    // the content adds beyond the element, or a negative code; -3 for a
+    // code without scanner.
+    int InlineElement(uint32_t code, char *text, void *element);
+
 private:
     bool sizing_;
     bool separate_;

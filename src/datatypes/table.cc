@@ -8,6 +8,7 @@
 
 #include <bacfmt/print.h>
 
+#include "constructed/commands.h"
 #include "datatypes/release.h"
 #include "datatypes/unaligned.h"
 #include "print/element_printers.h"
@@ -160,18 +161,18 @@ constexpr DatatypeInfo kRows[] = {
     Row(CT_DEV_OBJ_PROP_REFERENCE, "CT_DEV_OBJ_PROP_REFERENCE", 28, nullptr, {54}),
     Row(CT_CLIENT_COV,             "CT_CLIENT_COV",             8),
     Row(CT_LOG_RECORD,             "CT_LOG_RECORD",             80, nullptr, {131}),
-    Row(CT_ACTION_LIST,            "CT_ACTION_LIST",            8, nullptr, {2}),
+    Frees(Scans(Row(CT_ACTION_LIST, "CT_ACTION_LIST", sizeof(BACnetActionList), Print<BACnetSPrintActionList>, {2}), ScanWith<BACnetSScanActionListArray>(K::Variable)), ReleaseActionLists),
     Row(CT_READ_ACCESS_SPEC,       "CT_READ_ACCESS_SPEC",       16, nullptr, {53}),
     Row(CT_READ_ACCESS_RESULT,     "CT_READ_ACCESS_RESULT",     20, nullptr, {85}),
     Row(CT_COV_SUBSCRIPTION,       "CT_COV_SUBSCRIPTION",       52, nullptr, {152}),
     Row(CT_DEV_OBJ_REFERENCE,      "CT_DEV_OBJ_REFERENCE",      20, nullptr, {159, 165, 211, 265, 266, 268, 269, 286}),
     Row(CT_DEV_OBJ_PROP_VALUE,     "CT_DEV_OBJ_PROP_VALUE",     48),
-    Row(CT_ACCUMULATOR_RECORD,     "CT_ACCUMULATOR_RECORD",     32),
-    Row(CT_PRESCALE,               "CT_PRESCALE",               8),
-    Row(CT_SCALE,                  "CT_SCALE",                  8),
+    Scans(Row(CT_ACCUMULATOR_RECORD, "CT_ACCUMULATOR_RECORD", sizeof(BACnetAccumulatorRecord), Print<BACnetSPrintAccumulatorRecord>), ScanWith<BACnetSScanAccumulatorRecord>(K::Fixed)),
+    Scans(Row(CT_PRESCALE,         "CT_PRESCALE",         sizeof(BACnetPrescale),    Print<BACnetSPrintPrescale>),   ScanWith<BACnetSScanPrescale>(K::Fixed)),
+    Scans(Row(CT_SCALE,            "CT_SCALE",            sizeof(BACnetScale),       Print<BACnetSPrintScale>),      ScanWith<BACnetSScanScale>(K::Fixed)),
     Row(CT_EVENT_LOG_RECORD,       "CT_EVENT_LOG_RECORD",       68, nullptr, {131}),
     Row(CT_LOG_RECORD_MULTIPLE,    "CT_LOG_RECORD_MULTIPLE",    52, nullptr, {131}),
-    Row(CT_SHED_LEVEL,             "CT_SHED_LEVEL",             8),
+    Scans(Row(CT_SHED_LEVEL,       "CT_SHED_LEVEL",       sizeof(BACnetShedLevel),   Print<BACnetSPrintShedLevel>),  ScanWith<BACnetSScanShedLevel>(K::Fixed)),
     Row(CT_AUTHENTICATION_POLICY,  "CT_AUTHENTICATION_POLICY",  16),
     Row(CT_AUTHENTICATION_FACTOR,  "CT_AUTHENTICATION_FACTOR",  20),
     Row(CT_CREDENTIAL_AUTHENTICATION_FACTOR, "CT_CREDENTIAL_AUTHENTICATION_FACTOR", 24),
@@ -186,8 +187,8 @@ constexpr DatatypeInfo kRows[] = {
     Row(CT_NETWORK_SECURITY_POLICY, "CT_NETWORK_SECURITY_POLICY", 8),
     Row(CT_KEY_IDENTIFIER,         "CT_KEY_IDENTIFIER",         8),
     Row(CT_SECURITY_KEY_SET,       "CT_SECURITY_KEY_SET",       52),
-    Row(CT_LIGHTING_COMMAND,       "CT_LIGHTING_COMMAND",       28),
-    Row(CT_CHANNEL_VALUE,          "CT_CHANNEL_VALUE",          32),
+    Scans(Row(CT_LIGHTING_COMMAND, "CT_LIGHTING_COMMAND", sizeof(BACnetLightingCommand), Print<BACnetSPrintLightingCommand>), ScanWith<BACnetSScanLightingCommand>(K::Fixed)),
+    Frees(Scans(Row(CT_CHANNEL_VALUE, "CT_CHANNEL_VALUE", sizeof(BACnetChannelValue), Print<BACnetSPrintChannelValue>), ScanWith<BACnetSScanChannelValue>(K::Variable)), ReleaseChannelValues),
     Row(CT_EVENT_NOTIFICATION_SUBSCRIPTION, "CT_EVENT_NOTIFICATION_SUBSCRIPTION", 28),
     Row(CT_PROCESS_ID_SELECTION,   "CT_PROCESS_ID_SELECTION",   8),
     Row(CT_PORT_PERMISSION,        "CT_PORT_PERMISSION",        8),

@@ -1,0 +1,22 @@
+#include "constructed/nested_frame.h"
+
+#include "datatypes/table.h"
+
+namespace bacfmt {
+
+int NestedParts::InlineElement(uint32_t code, char *text, void *element) {
+    const DatatypeInfo *row = FindDatatype(code);
+    if (row == nullptr) return kUnsupported;
+    if (row->scan.kind == ScanKind::Null) return 0;  // nothing to store
+    if (row->scan.scan == nullptr) return kUnsupported;
+    void *slot = element;
+    void *separateCursor = nullptr;
+    void **cursor = !sizing_ && !separate_ ? reinterpret_cast<void **>(&tail_) : &separateCursor;
+    int32_t one = 1;
+    const ScanCall call{text, &slot, separate_ ? 1 : 0, cursor, &one, sizing_ ? 1 : 0, -1};
+    const int result = row->scan.scan(call);
+    if (result < 0) return result;
+    return result - static_cast<int>(row->elementSize);
+}
+
+}  // namespace bacfmt
