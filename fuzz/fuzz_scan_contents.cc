@@ -48,25 +48,6 @@ Choice Choose(uint8_t codeByte, uint8_t flagByte) {
                   static_cast<int32_t>(flags / kHintCount % 4), static_cast<int32_t>(flags / 40 % 2)};
 }
 
-// A record made by the scanner owns its element array and, for strings and
-// octets, one block per element. After a failure `count` is the index of
-// the failing element, whose block may exist too.
-void FreeRecord(BACnetContents *record, int result) {
-    if (record == nullptr) return;
-    if (record->data != nullptr) {
-        const uint32_t blocks = result < 0 ? record->count + 1 : record->count;
-        for (uint32_t i = 0; i < blocks; ++i) {
-            void *block = nullptr;
-            if (record->type == CT_OCTET_STRING) block = static_cast<BACnetOctetString *>(record->data)[i].octets;
-            if (record->type == CT_CHARACTER_STRING) block = static_cast<BACnetCharString *>(record->data)[i].chars;
-            if (record->type >= CT_ASN1_FIRST && record->type <= CT_ASN1_LAST)
-                block = static_cast<BACnetRawASN1 *>(record->data)[i].octets;
-            std::free(block);
-        }
-    }
-    std::free(record->data);
-    std::free(record);
-}
 
 int ScanInto(unsigned char *block, const Choice &c, char *text, void *cursor) {
     auto *record = reinterpret_cast<BACnetContents *>(block);
@@ -108,7 +89,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     }
 
     BACnetContents *record = nullptr;
-    const int owned = BACnetSScanContents(text.fresh(), &record, c.expectedCount, c.separateLists, &tail, 0, c.hint);
-    FreeRecord(record, owned);
+    BACnetSScanContents(text.fresh(), &record, c.expectedCount, c.separateLists, &tail, 0, c.hint);
+    BACnetFreeContents(record);  // also after a failure: it stopped at `count`
     return 0;
 }

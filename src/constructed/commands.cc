@@ -148,7 +148,7 @@ int ReadChannelValue(char *text, BACnetChannelValue &value, NestedParts &parts) 
     const int tag = ParseChoice(text, -1, &after);
     if (tag < 0) return kSyntaxError;
     value.type = tag < 16 ? static_cast<uint32_t>(tag) * 16u : static_cast<uint32_t>(tag);
-    return parts.InlineElement(value.type, KillTrailLeadSpace(after), &value.u);
+    return parts.InlineElement(value.type, KillTrailLeadSpace(after), &value.u, sizeof value.u);
 }
 
 void ReleaseActionLists(void *lists, uint32_t count) {
@@ -160,8 +160,11 @@ void ReleaseActionLists(void *lists, uint32_t count) {
 
 void ReleaseChannelValues(void *values, uint32_t count) {
     ReleaseEach<BACnetChannelValue>(values, count, [](BACnetChannelValue &value) {
+        // A failed scan leaves the code its text chose, which may name an
+        // element larger than the union: the scanner stored nothing then.
         const DatatypeInfo *row = FindDatatype(value.type);
-        if (row != nullptr && row->release != nullptr) row->release(&value.u, 1);
+        if (row != nullptr && row->release != nullptr && row->elementSize <= sizeof value.u)
+            row->release(&value.u, 1);
     });
 }
 

@@ -4,9 +4,9 @@
 
 namespace bacfmt {
 
-int NestedParts::InlineElement(uint32_t code, char *text, void *element) {
+int NestedParts::InlineElement(uint32_t code, char *text, void *element, size_t room) {
     const DatatypeInfo *row = FindDatatype(code);
-    if (row == nullptr) return kUnsupported;
+    if (row == nullptr || row->elementSize > room) return kUnsupported;
     if (row->scan.kind == ScanKind::Null) return 0;  // nothing to store
     if (row->scan.scan == nullptr) return kUnsupported;
     void *slot = element;

@@ -10,6 +10,7 @@
 #ifndef BACFMT_CONSTRUCTED_NESTED_FRAME_H
 #define BACFMT_CONSTRUCTED_NESTED_FRAME_H
 
+#include <cstddef>
 #include <cstdint>
 
 #include <bacfmt/scan.h>
@@ -67,8 +68,9 @@ public:
     // array slot). Its nested content (a string's characters) goes at the
     // tail in single-block mode, which moves behind it. Returns the bytes
     // the content adds beyond the element, or a negative code; -3 for a
-    // code without scanner.
-    int InlineElement(uint32_t code, char *text, void *element);
+    // code without scanner or whose element does not fit in `room` bytes
+    // (the text chooses the code, the holder's union is fixed).
+    int InlineElement(uint32_t code, char *text, void *element, size_t room);
 
 private:
     bool sizing_;
