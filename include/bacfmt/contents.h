@@ -422,6 +422,54 @@ typedef struct BACnetShedLevel {
     } value;
 } BACnetShedLevel;
 
+/* Read access specifications and results. */
+
+/* Error type element (8 bytes). */
+typedef struct BACnetErrorType {
+    uint32_t errorClass;
+    uint32_t errorCode;
+} BACnetErrorType;
+
+/* Read access specification element (16 bytes). */
+typedef struct BACnetReadAccessSpec {
+    BACnetObjectID object;
+    uint32_t count; /* property references */
+    BACnetPropertyReference *references;
+} BACnetReadAccessSpec;
+
+/* One property's value or error in a read access result (36 bytes). */
+typedef struct BACnetReadAccessResultItem {
+    uint32_t propertyId;
+    uint32_t arrayIndex; /* BACNET_ABSENT_U32 = absent */
+    uint8_t isValue;     /* nonzero: value, zero: error */
+    union {
+        BACnetContents value;
+        BACnetErrorType error;
+    } result;
+} BACnetReadAccessResultItem;
+
+/* Read access result element (20 bytes). */
+typedef struct BACnetReadAccessResult {
+    BACnetObjectID object;
+    uint32_t count;       /* items; the printers read this one */
+    uint32_t itemCount;   /* the scanner sets it to the same number */
+    BACnetReadAccessResultItem *items;
+} BACnetReadAccessResult;
+
+/* Property access result element (56 bytes). */
+typedef struct BACnetPropertyAccessResult {
+    BACnetObjectID object;
+    uint32_t propertyId;
+    int32_t arrayIndex; /* -1 (all ones) = absent */
+    uint8_t devicePresent;
+    BACnetObjectID device;
+    uint8_t isValue;    /* nonzero: value, zero: error */
+    union {
+        BACnetContents value;
+        BACnetErrorType error;
+    } result;
+} BACnetPropertyAccessResult;
+
 /* One-token texts of the notation. */
 BACFMT_API extern const char UnknownString[];       /* "?" */
 BACFMT_API extern const char UnspecifiedString[];   /* "*" */

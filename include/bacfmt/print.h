@@ -137,6 +137,39 @@ BACFMT_API int BACnetSPrintScale(char *dst, int size, const BACnetScale *scale);
 /* -3 for a choice other than 0..2. */
 BACFMT_API int BACnetSPrintShedLevel(char *dst, int size, const BACnetShedLevel *shedLevel);
 
+/* Read access specifications and results. A result item's property and
+ * index print as numbers, its value without a datatype tag behind the
+ * result choice "[4] " (an enumeration always as a number) or its error as
+ * "[5] (class,code)". The "[4] " is copied without a capacity check: give
+ * room for the whole text, or up to 4 bytes past `size` may be written. */
+BACFMT_API int BACnetSPrintReadAccessSpec(char *dst, int size, const BACnetReadAccessSpec *value,
+                                          int names);
+BACFMT_API int BACnetSPrintReadAccessResult(char *dst, int size,
+                                            const BACnetReadAccessResult *value, int names);
+/* With an index and no device the text closes a bracket early and does not
+ * read back. */
+BACFMT_API int BACnetSPrintPropertyAccessResult(char *dst, int size,
+                                                const BACnetPropertyAccessResult *value, int names);
+/* "(" class text "," code text ")"; the pieces are not checked: the result
+ * is their sum. */
+BACFMT_API int BACnetSPrintErrorType(char *dst, int size, const BACnetErrorType *value);
+
+/* Group values, print only. The pieces are not checked: a piece that does
+ * not fit adds its negative result to the total and the next piece is
+ * written where that leaves the position (never before the start). Give
+ * room for the whole text and treat a negative total as failure. */
+BACFMT_API int BACnetSPrintGroup(char *dst, int size, const BACnetReadAccessSpec *members,
+                                 uint8_t symbolic, uint32_t count);
+BACFMT_API int BACnetSPrintGroupMember(char *dst, int size, const BACnetReadAccessSpec *member,
+                                       uint8_t symbolic);
+BACFMT_API int BACnetSPrintGroupRes(char *dst, int size, const BACnetReadAccessResult *results,
+                                    uint8_t symbolic, uint32_t count);
+BACFMT_API int BACnetSPrintGroupResLstMember(char *dst, int size,
+                                             const BACnetReadAccessResult *result,
+                                             uint8_t symbolic);
+BACFMT_API int BACnetSPrintRawResult(char *dst, int size, const BACnetReadAccessResultItem *item,
+                                     uint8_t symbolic);
+
 /* Plain arrays of primitive values, "(" values ")". */
 BACFMT_API int BACnetSPrintUnsignedList(char *dst, int size, const uint32_t *values,
                                         uint32_t count);

@@ -94,6 +94,8 @@ BACFMT_API int BACnetSScanDevObjReference(char *text, void **payload, int32_t *c
                                           int32_t sizeOnly);
 BACFMT_API int BACnetSScanDevObjPropReference(char *text, void **payload, int32_t *count,
                                               int32_t sizeOnly);
+/* Uses the shared backup buffer: not reentrant. "()" reads as no
+ * element (count 0, result 0). */
 BACFMT_API int BACnetSScanSetpointReference(char *text, void **payload, int32_t *count,
                                             int32_t sizeOnly);
 BACFMT_API int BACnetSScanPropertyReference(char *text, void **payload, int32_t *count,
@@ -110,8 +112,11 @@ BACFMT_API int BACnetSScanDailySchedule(char *text, void **payload, int32_t sepa
                                         void **tail, int32_t *count, int32_t sizeOnly);
 BACFMT_API int BACnetSScanSpecialEvent(char *text, void **payload, int32_t separateLists,
                                        void **tail, int32_t *count, int32_t sizeOnly);
-/* The property value scanner does not switch to separate blocks when it
- * allocates the element array itself: pass `separateLists` nonzero then. */
+/* Property values: a caller that lets the scanner allocate the element
+ * array must pass `separateLists` nonzero (this implementation switches
+ * to separate blocks itself then rather than write behind the array).
+ * The sizing pass reads only the value parts. A device object property
+ * value reads one value; its list form sizes but does not fill (-2). */
 BACFMT_API int BACnetSScanPropertyValue(char *text, void **payload, int32_t separateLists,
                                         void **tail, int32_t *count, int32_t sizeOnly);
 BACFMT_API int BACnetSScanDevObjPropValue(char *text, void **payload, int32_t separateLists,
@@ -134,6 +139,21 @@ BACFMT_API int BACnetSScanAccumulatorRecord(char *text, void **payload, int32_t 
 BACFMT_API int BACnetSScanPrescale(char *text, void **payload, int32_t *count, int32_t sizeOnly);
 BACFMT_API int BACnetSScanScale(char *text, void **payload, int32_t *count, int32_t sizeOnly);
 BACFMT_API int BACnetSScanShedLevel(char *text, void **payload, int32_t *count, int32_t sizeOnly);
+
+/* Read access specifications and results. Allocating the element array
+ * itself (a null `*payload` in the filling pass), the specification and
+ * result scanners make room for one element only: a list of more than one
+ * then fails with -2 instead of being read. A result item's value is read
+ * without a datatype tag, which separate blocks cannot do (-3): read
+ * results into one block. */
+BACFMT_API int BACnetSScanReadAccessSpec(char *text, void **payload, int32_t separateLists,
+                                         void **tail, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanReadAccessResult(char *text, void **payload, int32_t separateLists,
+                                           void **tail, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanReadAccessResultItem(char *text, void **payload, int32_t separateLists,
+                                               void **tail, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanPropertyAccessResult(char *text, void **payload, int32_t separateLists,
+                                               void **tail, int32_t *count, int32_t sizeOnly);
 
 /*
  * Releases a scanned record and every block it owns. Call it only on a

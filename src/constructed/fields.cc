@@ -27,6 +27,11 @@ uint32_t VoidOrDecimal(char *text) {
     return static_cast<uint32_t>(TextToSigned(text));
 }
 
+bool WrittenAsGroup(const char *part, const char *textStart) {
+    while (part > textStart && part[-1] == ' ') --part;
+    return part > textStart && IsOpeningBracket(part[-1]) != 0;
+}
+
 int32_t VoidOrIndex(char *text) { return static_cast<int32_t>(VoidOrDecimal(text)); }
 
 }  // namespace bacfmt

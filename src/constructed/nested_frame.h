@@ -54,10 +54,20 @@ public:
     // caller says whether it does. Returns the nested scanner's result.
     template <typename Element>
     int Array(NestedScanner scanner, char *text, Element *&array, int32_t &count) {
-        void *slot = nullptr;
-        if (!sizing_ && !separate_) slot = tail_;
+        void *slot = ArraySlot();
         void *ownTail = nullptr;
         const int result = scanner(text, &slot, separate_ ? 1 : 0, &ownTail, &count, sizing_ ? 1 : 0);
+        if (!sizing_) array = static_cast<Element *>(slot);
+        return result;
+    }
+
+    // The same for an array of elements without nested parts, read by a
+    // scanner of the four-argument form.
+    template <typename Element>
+    int Array(int (*scanner)(char *, void **, int32_t *, int32_t), char *text, Element *&array,
+              int32_t &count) {
+        void *slot = ArraySlot();
+        const int result = scanner(text, &slot, &count, sizing_ ? 1 : 0);
         if (!sizing_) array = static_cast<Element *>(slot);
         return result;
     }
@@ -73,13 +83,19 @@ public:
     int InlineElement(uint32_t code, char *text, void *element, size_t room);
 
 private:
+    // Where a nested array goes: at the tail in one block, in a block of
+    // its own (the nested scanner allocates it) otherwise.
+    void *ArraySlot() const { return !sizing_ && !separate_ ? tail_ : nullptr; }
+
     bool sizing_;
     bool separate_;
     char *tail_;
 };
 
-// Whether allocating the element array switches to separate blocks.
-enum class WhenAllocated { Separate, KeepLayout };
+// What allocating the element array does: switch to separate blocks, keep
+// the caller's layout, or make room for one element only (and switch to
+// separate blocks), refusing a list of more.
+enum class WhenAllocated { Separate, KeepLayout, RoomForOne };
 
 // The frame over an element source (ElementList, SingleElement, ...):
 // `convert(text, element, parts)` returns the bytes its nested parts add
@@ -101,8 +117,10 @@ int ScanNestedElements(Elements &elements, void **payload, int32_t separateLists
     char *cursor = nullptr;
     if (!sizing) {
         if (*payload == nullptr) {
+            const bool one = whenAllocated == WhenAllocated::RoomForOne;
+            if (one && *count > 1) return kSyntaxError;  // the one element would overflow
             if ((*payload = AllocateArray(*count, sizeof(Element))) == nullptr) return kSyntaxError;
-            if (whenAllocated == WhenAllocated::Separate) separate = true;
+            if (whenAllocated != WhenAllocated::KeepLayout) separate = true;
         }
         cursor = tail != nullptr && *tail != nullptr ? static_cast<char *>(*tail)
                                                      : static_cast<char *>(*payload) + arrayBytes;

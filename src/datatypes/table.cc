@@ -9,6 +9,8 @@
 #include <bacfmt/print.h>
 
 #include "constructed/commands.h"
+#include "constructed/read_access.h"
+#include "constructed/references.h"
 #include "datatypes/release.h"
 #include "datatypes/unaligned.h"
 #include "print/element_printers.h"
@@ -143,7 +145,7 @@ constexpr DatatypeInfo kRows[] = {
     Row(CT_PRI_ARRAY_ITEM,         "CT_PRI_ARRAY_ITEM",         28, nullptr, {87}),
     Row(CT_ADDRESS,                "CT_ADDRESS",                12),
     Scans(Row(CT_DATE_TIME,        "CT_DATE_TIME",              sizeof(BACnetDateTime), Print<BACnetSPrintDateTime>), ScanWith<BACnetSScanDateTime>(K::Fixed)),
-    Row(CT_OBJ_PROP_REFERENCE,     "CT_OBJ_PROP_REFERENCE",     16),
+    Scans(Row(CT_OBJ_PROP_REFERENCE, "CT_OBJ_PROP_REFERENCE", sizeof(BACnetObjPropReference), Print<BACnetSPrintObjPropReference>), ScanWith<BACnetSScanObjPropReference>(K::Fixed)),
     Row(CT_PROPERTY_STATES,        "CT_PROPERTY_STATES",        8),
     Row(CT_EVENT_PARAMETER,        "CT_EVENT_PARAMETER",        52, nullptr, {}, R::Always),
     Row(CT_DATE_RANGE,             "CT_DATE_RANGE",             32),
@@ -152,21 +154,21 @@ constexpr DatatypeInfo kRows[] = {
     Row(CT_TIME_VALUE,             "CT_TIME_VALUE",             28),
     Row(CT_SPECIAL_EVENT,          "CT_SPECIAL_EVENT",          52, nullptr, {38}),
     Row(CT_RECIPIENT,              "CT_RECIPIENT",              16, nullptr, {116, 202, 206, 350}),
-    Row(CT_SETPOINT_REFERENCE,     "CT_SETPOINT_REFERENCE",     20, nullptr, {}, R::OnlyWhenEmpty),
+    Scans(Row(CT_SETPOINT_REFERENCE, "CT_SETPOINT_REFERENCE", sizeof(BACnetSetpointReference), Print<BACnetSPrintSetpointReference>, {}, R::OnlyWhenEmpty), ScanWith<BACnetSScanSetpointReference>(K::Fixed)),
     Row(CT_DESTINATION,            "CT_DESTINATION",            80, nullptr, {102}),
     Row(CT_DAILY_SCHEDULE,         "CT_DAILY_SCHEDULE",         8, nullptr, {123}),
     Row(CT_TIME_STAMP,             "CT_TIME_STAMP",             24, nullptr, {130}),
-    Row(CT_PROPERTY_REFERENCE,     "CT_PROPERTY_REFERENCE",     8),
+    Scans(Row(CT_PROPERTY_REFERENCE, "CT_PROPERTY_REFERENCE", sizeof(BACnetPropertyReference), Print<BACnetSPrintPropertyReference>), ScanWith<BACnetSScanPropertyReference>(K::Fixed)),
     Row(CT_ADDRESS_BINDING,        "CT_ADDRESS_BINDING",        20, nullptr, {30, 170, 171}),
-    Row(CT_DEV_OBJ_PROP_REFERENCE, "CT_DEV_OBJ_PROP_REFERENCE", 28, nullptr, {54}),
+    Scans(Row(CT_DEV_OBJ_PROP_REFERENCE, "CT_DEV_OBJ_PROP_REFERENCE", sizeof(BACnetDevObjPropReference), Print<BACnetSPrintDevObjPropReference>, {54}), ScanWith<BACnetSScanDevObjPropReference>(K::Fixed)),
     Row(CT_CLIENT_COV,             "CT_CLIENT_COV",             8),
     Row(CT_LOG_RECORD,             "CT_LOG_RECORD",             80, nullptr, {131}),
     Frees(Scans(Row(CT_ACTION_LIST, "CT_ACTION_LIST", sizeof(BACnetActionList), Print<BACnetSPrintActionList>, {2}), ScanWith<BACnetSScanActionListArray>(K::Variable)), ReleaseActionLists),
-    Row(CT_READ_ACCESS_SPEC,       "CT_READ_ACCESS_SPEC",       16, nullptr, {53}),
-    Row(CT_READ_ACCESS_RESULT,     "CT_READ_ACCESS_RESULT",     20, nullptr, {85}),
+    Frees(Scans(Row(CT_READ_ACCESS_SPEC, "CT_READ_ACCESS_SPEC", sizeof(BACnetReadAccessSpec), Print<BACnetSPrintReadAccessSpec>, {53}), ScanWith<BACnetSScanReadAccessSpec>(K::Variable)), ReleaseReadAccessSpecs),
+    Frees(Scans(Row(CT_READ_ACCESS_RESULT, "CT_READ_ACCESS_RESULT", sizeof(BACnetReadAccessResult), Print<BACnetSPrintReadAccessResult>, {85}), ScanWith<BACnetSScanReadAccessResult>(K::Variable)), ReleaseReadAccessResults),
     Row(CT_COV_SUBSCRIPTION,       "CT_COV_SUBSCRIPTION",       52, nullptr, {152}),
-    Row(CT_DEV_OBJ_REFERENCE,      "CT_DEV_OBJ_REFERENCE",      20, nullptr, {159, 165, 211, 265, 266, 268, 269, 286}),
-    Row(CT_DEV_OBJ_PROP_VALUE,     "CT_DEV_OBJ_PROP_VALUE",     48),
+    Scans(Row(CT_DEV_OBJ_REFERENCE, "CT_DEV_OBJ_REFERENCE", sizeof(BACnetDevObjReference), Print<BACnetSPrintDevObjReference>, {159, 165, 211, 265, 266, 268, 269, 286}), ScanWith<BACnetSScanDevObjReference>(K::Fixed)),
+    Frees(Scans(Row(CT_DEV_OBJ_PROP_VALUE, "CT_DEV_OBJ_PROP_VALUE", sizeof(BACnetDevObjPropValue), Print<BACnetSPrintDevObjPropValue>), ScanWith<BACnetSScanDevObjPropValue>(K::Variable)), ReleaseDevObjPropValues),
     Scans(Row(CT_ACCUMULATOR_RECORD, "CT_ACCUMULATOR_RECORD", sizeof(BACnetAccumulatorRecord), Print<BACnetSPrintAccumulatorRecord>), ScanWith<BACnetSScanAccumulatorRecord>(K::Fixed)),
     Scans(Row(CT_PRESCALE,         "CT_PRESCALE",         sizeof(BACnetPrescale),    Print<BACnetSPrintPrescale>),   ScanWith<BACnetSScanPrescale>(K::Fixed)),
     Scans(Row(CT_SCALE,            "CT_SCALE",            sizeof(BACnetScale),       Print<BACnetSPrintScale>),      ScanWith<BACnetSScanScale>(K::Fixed)),
@@ -181,7 +183,7 @@ constexpr DatatypeInfo kRows[] = {
     Row(CT_AUTHENTICATION_FACTOR_FORMAT, "CT_AUTHENTICATION_FACTOR_FORMAT", 12),
     Frees(Row(CT_OPTIONAL_CHARACTER_STRING, "CT_OPTIONAL_CHARACTER_STRING", sizeof(BACnetCharString),
         PrintOptionalCharacterStringElement, {7, 39}), kFreeChars),
-    Row(CT_PROPERTY_ACCESS_RESULT, "CT_PROPERTY_ACCESS_RESULT", 56),
+    Frees(Scans(Row(CT_PROPERTY_ACCESS_RESULT, "CT_PROPERTY_ACCESS_RESULT", sizeof(BACnetPropertyAccessResult), Print<BACnetSPrintPropertyAccessResult>), ScanWith<BACnetSScanPropertyAccessResult>(K::VariableArrayCursor)), ReleasePropertyAccessResults),
     Row(CT_VT_SESSION,             "CT_VT_SESSION",             20),
     Row(CT_SESSION_KEY,            "CT_SESSION_KEY",            24),
     Row(CT_NETWORK_SECURITY_POLICY, "CT_NETWORK_SECURITY_POLICY", 8),

@@ -11,6 +11,14 @@ namespace bacfmt {
 
 int Writer::Text(const char *text) { return Step(BACnetSPrintString(at(), room(), text)); }
 
+int Writer::AddText(const char *text) { return Add(BACnetSPrintString(at(), room(), text)); }
+
+int Writer::Unchecked(const char *text) {
+    const size_t length = std::strlen(text);
+    std::memcpy(at(), text, length + 1);
+    return Step(static_cast<int>(length));
+}
+
 int Writer::Format(const char *format, ...) {
     va_list args;
     va_start(args, format);

@@ -41,6 +41,23 @@ public:
         return Step(printer(at(), room(), args...));
     }
 
+    // Takes a piece's result into a running total without checking it, as
+    // the printers that sum their pieces do: a negative result moves the
+    // position back by as much, but never before the start.
+    int Add(int result) {
+        used_ = used_ + result > 0 ? used_ + result : 0;
+        return result;
+    }
+    template <typename Printer, typename... Args>
+    int AddPut(Printer printer, Args... args) {
+        return Add(printer(at(), room(), args...));
+    }
+    int AddText(const char *text);
+
+    // Copies a text whatever the room: for the few pieces that are written
+    // without a capacity check. Callers give room for the whole text.
+    int Unchecked(const char *text);
+
     // Fixed text: -2 when its length plus the terminator exceeds the room.
     int Text(const char *text);
 

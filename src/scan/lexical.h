@@ -109,6 +109,9 @@ public:
     bool firstIsGroup() const { return firstIsGroup_; }
     // The first element's text (a group's content).
     char *first() const { return first_; }
+    // The text behind the first element's comma, untouched by the walk
+    // until Next() reaches it; null for a single element.
+    char *rest() const { return rest_; }
     // Each element in turn, starting with first(); null when the list is
     // exhausted or a later element does not split.
     char *Next();
