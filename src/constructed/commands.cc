@@ -112,10 +112,8 @@ int ReadActionCommand(char *text, BACnetActionCommand &command, NestedParts &par
 }
 
 int ReadActionList(char *text, BACnetActionList &list, NestedParts &parts) {
-    int32_t count = 0;
-    const int result = parts.Array(BACnetSScanActionList, text, list.commands, count);
+    const int result = parts.Array(BACnetSScanActionList, text, list.commands, list.count);
     if (result < 0) return result;
-    list.count = static_cast<uint32_t>(count);
     if (!parts.sizing() && !parts.separate()) parts.Advance(result);
     return result;
 }

@@ -50,25 +50,29 @@ public:
     // Runs a nested scanner for an array that an element points to: in the
     // filling pass `array` becomes the tail (single block) or a block of its
     // own; the array's own nested parts follow it (the nested scanner gets
-    // a tail of its own that starts empty). The tail does not move: the
-    // caller says whether it does. Returns the nested scanner's result.
-    template <typename Element>
-    int Array(NestedScanner scanner, char *text, Element *&array, int32_t &count) {
+    // a tail of its own that starts empty). `count` gets the number found,
+    // or after a failure the failing element's index, so that a release
+    // reaches every block the array already owns. The tail does not move:
+    // the caller says whether it does. Returns the nested scanner's result.
+    template <typename Element, typename Count>
+    int Array(NestedScanner scanner, char *text, Element *&array, Count &count) {
         void *slot = ArraySlot();
         void *ownTail = nullptr;
-        const int result = scanner(text, &slot, separate_ ? 1 : 0, &ownTail, &count, sizing_ ? 1 : 0);
-        if (!sizing_) array = static_cast<Element *>(slot);
+        int32_t found = 0;
+        const int result = scanner(text, &slot, separate_ ? 1 : 0, &ownTail, &found, sizing_ ? 1 : 0);
+        Keep(slot, array, found, count);
         return result;
     }
 
     // The same for an array of elements without nested parts, read by a
     // scanner of the four-argument form.
-    template <typename Element>
+    template <typename Element, typename Count>
     int Array(int (*scanner)(char *, void **, int32_t *, int32_t), char *text, Element *&array,
-              int32_t &count) {
+              Count &count) {
         void *slot = ArraySlot();
-        const int result = scanner(text, &slot, &count, sizing_ ? 1 : 0);
-        if (!sizing_) array = static_cast<Element *>(slot);
+        int32_t found = 0;
+        const int result = scanner(text, &slot, &found, sizing_ ? 1 : 0);
+        Keep(slot, array, found, count);
         return result;
     }
 
@@ -83,6 +87,13 @@ public:
     int InlineElement(uint32_t code, char *text, void *element, size_t room);
 
 private:
+    template <typename Element, typename Count>
+    void Keep(void *slot, Element *&array, int32_t found, Count &count) const {
+        if (sizing_) return;
+        array = static_cast<Element *>(slot);
+        count = static_cast<Count>(found);
+    }
+
     // Where a nested array goes: at the tail in one block, in a block of
     // its own (the nested scanner allocates it) otherwise.
     void *ArraySlot() const { return !sizing_ && !separate_ ? tail_ : nullptr; }

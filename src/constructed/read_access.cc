@@ -152,16 +152,15 @@ int ReadSpecParts(char *objectText, char *references, bool list, BACnetReadAcces
         if (result < 0) return result;
     }
     int bytes = CountObject(parts, list);
-    int32_t found = 0;
     spec.references = nullptr;
+    spec.count = 0;
     if (IsEmptyGroup(references, objectText)) return kSyntaxError;  // "()" lists nothing
     if (references[0] != '\0') {
-        const int result = parts.Array(BACnetSScanPropertyReference, references, spec.references, found);
+        const int result = parts.Array(BACnetSScanPropertyReference, references, spec.references, spec.count);
         if (result < 0) return result;
         if (!parts.sizing() && !parts.separate()) parts.Advance(result);
         bytes += result;
     }
-    spec.count = static_cast<uint32_t>(found);
     return bytes;
 }
 
@@ -172,15 +171,15 @@ int ReadResultParts(char *objectText, char *items, bool list, BACnetReadAccessRe
         if (scanned < 0) return scanned;
     }
     int bytes = CountObject(parts, list);
-    int32_t found = 0;
     result.items = nullptr;
+    result.count = 0;
     if (items[0] != '\0') {
-        const int scanned = parts.Array(BACnetSScanReadAccessResultItem, items, result.items, found);
+        const int scanned = parts.Array(BACnetSScanReadAccessResultItem, items, result.items, result.count);
         if (scanned < 0) return scanned;
         if (!parts.sizing() && !parts.separate()) parts.Advance(scanned);
         bytes += scanned;
     }
-    result.count = result.itemCount = static_cast<uint32_t>(found);
+    result.itemCount = result.count;
     return bytes;
 }
 

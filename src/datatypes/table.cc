@@ -9,6 +9,8 @@
 #include <bacfmt/print.h>
 
 #include "constructed/commands.h"
+#include "constructed/calendar.h"
+#include "constructed/schedule.h"
 #include "constructed/read_access.h"
 #include "constructed/references.h"
 #include "datatypes/release.h"
@@ -148,16 +150,16 @@ constexpr DatatypeInfo kRows[] = {
     Scans(Row(CT_OBJ_PROP_REFERENCE, "CT_OBJ_PROP_REFERENCE", sizeof(BACnetObjPropReference), Print<BACnetSPrintObjPropReference>), ScanWith<BACnetSScanObjPropReference>(K::Fixed)),
     Row(CT_PROPERTY_STATES,        "CT_PROPERTY_STATES",        8),
     Row(CT_EVENT_PARAMETER,        "CT_EVENT_PARAMETER",        52, nullptr, {}, R::Always),
-    Row(CT_DATE_RANGE,             "CT_DATE_RANGE",             32),
-    Row(CT_WEEK_N_DAY,             "CT_WEEK_N_DAY",             12),
-    Row(CT_CALENDAR_ENTRY,         "CT_CALENDAR_ENTRY",         36, nullptr, {23}),
-    Row(CT_TIME_VALUE,             "CT_TIME_VALUE",             28),
-    Row(CT_SPECIAL_EVENT,          "CT_SPECIAL_EVENT",          52, nullptr, {38}),
+    Scans(Row(CT_DATE_RANGE,       "CT_DATE_RANGE",       sizeof(BACnetDateRange),   Print<BACnetSPrintDateRange>),  ScanWith<BACnetSScanDateRange>(K::Fixed)),
+    Scans(Row(CT_WEEK_N_DAY,       "CT_WEEK_N_DAY",       sizeof(BACnetWeekNDay),    Print<BACnetSPrintWeekNDay>),   ScanWith<BACnetSScanWeekNDay>(K::Fixed)),
+    Scans(Row(CT_CALENDAR_ENTRY,   "CT_CALENDAR_ENTRY",   sizeof(BACnetCalendarEntry), Print<BACnetSPrintCalendarEntry>, {23}), ScanWith<BACnetSScanCalendarEntry>(K::Fixed)),
+    Frees(Scans(Row(CT_TIME_VALUE, "CT_TIME_VALUE", sizeof(BACnetTimeValue), Print<BACnetSPrintTimeValue>), ScanWith<BACnetSScanTimeValue>(K::Variable)), ReleaseTimeValues),
+    Frees(Scans(Row(CT_SPECIAL_EVENT, "CT_SPECIAL_EVENT", sizeof(BACnetSpecialEvent), Print<BACnetSPrintSpecialEvent>, {38}), ScanWith<BACnetSScanSpecialEvent>(K::Variable)), ReleaseSpecialEvents),
     Row(CT_RECIPIENT,              "CT_RECIPIENT",              16, nullptr, {116, 202, 206, 350}),
     Scans(Row(CT_SETPOINT_REFERENCE, "CT_SETPOINT_REFERENCE", sizeof(BACnetSetpointReference), Print<BACnetSPrintSetpointReference>, {}, R::OnlyWhenEmpty), ScanWith<BACnetSScanSetpointReference>(K::Fixed)),
     Row(CT_DESTINATION,            "CT_DESTINATION",            80, nullptr, {102}),
-    Row(CT_DAILY_SCHEDULE,         "CT_DAILY_SCHEDULE",         8, nullptr, {123}),
-    Row(CT_TIME_STAMP,             "CT_TIME_STAMP",             24, nullptr, {130}),
+    Frees(Scans(Row(CT_DAILY_SCHEDULE, "CT_DAILY_SCHEDULE", sizeof(BACnetDailySchedule), Print<BACnetSPrintDailySchedule>, {123}), ScanWith<BACnetSScanDailySchedule>(K::Variable)), ReleaseDailySchedules),
+    Scans(Row(CT_TIME_STAMP,       "CT_TIME_STAMP",       sizeof(BACnetTimeStamp),   Print<BACnetSPrintTimeStamp>, {130}), ScanWith<BACnetSScanTimeStamp>(K::Fixed)),
     Scans(Row(CT_PROPERTY_REFERENCE, "CT_PROPERTY_REFERENCE", sizeof(BACnetPropertyReference), Print<BACnetSPrintPropertyReference>), ScanWith<BACnetSScanPropertyReference>(K::Fixed)),
     Row(CT_ADDRESS_BINDING,        "CT_ADDRESS_BINDING",        20, nullptr, {30, 170, 171}),
     Scans(Row(CT_DEV_OBJ_PROP_REFERENCE, "CT_DEV_OBJ_PROP_REFERENCE", sizeof(BACnetDevObjPropReference), Print<BACnetSPrintDevObjPropReference>, {54}), ScanWith<BACnetSScanDevObjPropReference>(K::Fixed)),

@@ -206,7 +206,9 @@ private:
 
     // Elements of a value whose layout the tool does not know: a "[n]" tag
     // says what the next element is (an embedded value, whose names the
-    // scanner looks up in any table); other words are checked by shape.
+    // scanner looks up in any table), or chooses between the forms of a
+    // constructed value ("[1] (calendar,1)" in a special event), whose
+    // element is then checked by shape; other words are checked by shape.
     bool Shapes(const std::vector<NotationNode> &nodes) {
         for (std::size_t i = 0; i < nodes.size(); ++i) {
             const NotationNode &node = nodes[i];
@@ -214,7 +216,14 @@ private:
                 const auto datatype = TagDatatype(node.text);
                 if (!datatype) return Fail(node, "[" + std::string(node.text) + "] is not a datatype tag");
                 if (i + 1 == nodes.size()) continue;  // the scanner decides on a tag alone
-                if (!Value({nodes[i + 1]}, *datatype, kNoTable)) return false;
+                if (!Value({nodes[i + 1]}, *datatype, kNoTable)) {
+                    const std::optional<TextProblem> asDatatype = problem_;
+                    problem_.reset();
+                    if (!Shapes({nodes[i + 1]})) {
+                        problem_ = asDatatype;
+                        return false;
+                    }
+                }
                 ++i;
             } else if (node.kind == NotationNode::Kind::Group) {
                 if (!Shapes(node.children)) return false;
