@@ -19,6 +19,10 @@ for flavour in native asan arm; do
   (cd "build/$flavour" && ctest --output-on-failure -j2)
 done
 
+echo "== installed use and Debian packages"
+bash scripts/consumer.sh
+bash scripts/packages.sh
+
 if [ -x scripts/fuzz.sh ] || [ -f scripts/fuzz.sh ]; then
   echo "== fuzzing"
   bash scripts/fuzz.sh "${FUZZ_SECONDS:-30}"
