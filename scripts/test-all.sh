@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Sets up, builds and runs every test: native, sanitizers, 32-bit ARM under
-# qemu, and a bounded fuzzing run. Exits non-zero on the first failure.
+# qemu, programs built against the installed libraries, the Debian packages,
+# and a bounded fuzzing run. Exits non-zero on the first failure.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/setup.sh
