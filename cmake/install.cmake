@@ -48,6 +48,12 @@ if(TARGET bacfmt_tool)
        /prefix/${CMAKE_INSTALL_BINDIR} /prefix/${CMAKE_INSTALL_LIBDIR})
   set_target_properties(bacfmt_tool PROPERTIES INSTALL_RPATH "$ORIGIN/${BACFMT_BIN_TO_LIB}")
   install(TARGETS bacfmt_tool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tool)
-  install(FILES ${PROJECT_SOURCE_DIR}/docs/bacfmt.1
+  # Manual pages are installed compressed, the way Debian ships them; -n
+  # keeps the name and time out of the file, so that builds agree.
+  add_custom_command(OUTPUT ${PROJECT_BINARY_DIR}/bacfmt.1.gz
+                     COMMAND gzip -9n -c ${PROJECT_SOURCE_DIR}/docs/bacfmt.1 > ${PROJECT_BINARY_DIR}/bacfmt.1.gz
+                     DEPENDS ${PROJECT_SOURCE_DIR}/docs/bacfmt.1 VERBATIM)
+  add_custom_target(bacfmt_manpage ALL DEPENDS ${PROJECT_BINARY_DIR}/bacfmt.1.gz)
+  install(FILES ${PROJECT_BINARY_DIR}/bacfmt.1.gz
           DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tool)
 endif()

@@ -49,6 +49,10 @@ if(CMAKE_CROSSCOMPILING)
   execute_process(COMMAND dpkg-architecture -t${CMAKE_LIBRARY_ARCHITECTURE} -qDEB_HOST_ARCH
                   OUTPUT_VARIABLE BACFMT_DEB_ARCH OUTPUT_STRIP_TRAILING_WHITESPACE
                   ERROR_QUIET)
+  if(NOT BACFMT_DEB_ARCH)
+    message(WARNING "No Debian architecture for ${CMAKE_LIBRARY_ARCHITECTURE} (dpkg-architecture): "
+                    "cpack would label the packages with the host's")
+  endif()
   set(CPACK_DEBIAN_PACKAGE_ARCHITECTURE ${BACFMT_DEB_ARCH})
   # dpkg-shlibdeps knows only the host's libraries: the C and C++ runtimes
   # are named by hand, at the versions of the toolchain that built these.

@@ -80,6 +80,6 @@ for flavour in "${flavours[@]}"; do
     "$lib/pkgconfig/bacfmt.pc" \
     "$lib/cmake/bacfmt/bacfmtConfig.cmake" "$lib/cmake/bacfmt/bacfmtConfigVersion.cmake" \
     "$lib/cmake/bacfmt/bacfmtTargets.cmake" "$lib/cmake/bacfmt/bacfmtTargets-CONFIG.cmake"
-  expect_files "$tool" ./usr/bin/bacfmt ./usr/share/man/man1/bacfmt.1
+  expect_files "$tool" ./usr/bin/bacfmt ./usr/share/man/man1/bacfmt.1.gz
   for deb in "$runtime" "$dev" "$tool"; do echo "ok $(basename "$deb")"; done
 done
