@@ -4,7 +4,8 @@
 set -euo pipefail
 
 packages=(cmake make g++ clang libclang-rt-14-dev googletest libbenchmark-dev
-          g++-arm-linux-gnueabi qemu-user python3 locales)
+          g++-arm-linux-gnueabi qemu-user python3 locales
+          pkgconf dpkg-dev file)
 
 missing=()
 for p in "${packages[@]}"; do

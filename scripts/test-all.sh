@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Sets up, builds and runs every test: native, sanitizers, 32-bit ARM under
-# qemu, and a bounded fuzzing run. Exits non-zero on the first failure.
+# qemu, programs built against the installed libraries, the Debian packages,
+# and a bounded fuzzing run. Exits non-zero on the first failure.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/setup.sh
@@ -18,6 +19,10 @@ for flavour in native asan arm; do
   echo "== $flavour tests"
   (cd "build/$flavour" && ctest --output-on-failure -j2)
 done
+
+echo "== installed use and Debian packages"
+bash scripts/consumer.sh
+bash scripts/packages.sh
 
 if [ -x scripts/fuzz.sh ] || [ -f scripts/fuzz.sh ]; then
   echo "== fuzzing"
