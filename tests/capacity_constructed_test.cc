@@ -1,0 +1,69 @@
+// The capacity sweep over the constructed values: every datatype whose
+// value can be scanned and printed is printed at every capacity, and a
+// datatype that gains a scanner without a sweep entry here fails the test.
+// The bytes a printer writes past the capacity on purpose are listed with
+// the entry; no other write past the capacity may appear.
+#include <set>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include <bacfmt/bacfmt.h>
+
+#include "datatypes/table.h"
+#include "roundtrip_harness.h"
+
+namespace {
+
+struct SweepEntry {
+    bacfmt_test::Notation notation;
+    int overrun;  // bytes written past `size` by the contract
+};
+
+// "[4] " before a read access result item's value is copied unchecked; an
+// octet string's hex printer may put its terminator one byte past.
+const SweepEntry kSweep[] = {
+    {{CT_DATE_TIME, "((monday, 1-january-2024),08:00:00.00)"}, 0},
+    {{CT_OBJ_PROP_REFERENCE, "(((0,1),85,3),((3,2),77,-))"}, 0},
+    {{CT_DATE_RANGE, "((monday, 1-january-2024),(*,31-december-2024))"}, 0},
+    {{CT_WEEK_N_DAY, "(january-*-monday,*-02-*)"}, 0},
+    {{CT_CALENDAR_ENTRY, "([0] (*,3-october-2025),[2] august-*-sunday)"}, 0},
+    {{CT_TIME_VALUE, "((08:00:00.00,[4] 21.000000),(17:00:00.00,[0] NULL))"}, 0},
+    {{CT_SPECIAL_EVENT, "(([1] (6,1),((08:00:00.00,[4] 16.000000)),8))", 38}, 0},
+    {{CT_SETPOINT_REFERENCE, "(((0,1),85,-))"}, 0},
+    {{CT_DAILY_SCHEDULE, "(((08:00:00.00,[9] 1)),())", 123}, 0},
+    {{CT_TIME_STAMP, "([1] 4711,[0] 08:00:00.00)"}, 0},
+    {{CT_PROPERTY_REFERENCE, "((85,-),(87,16))"}, 0},
+    {{CT_DEV_OBJ_PROP_REFERENCE, "((0,1),85,2,(8,5))"}, 0},
+    {{CT_ACTION_LIST, "((-,(4,1),present-value,-,[9] 1,8,-,0,0))"}, 0},
+    {{CT_READ_ACCESS_SPEC, "((0,1),((85,-),(77,3)))"}, 0},
+    {{CT_READ_ACCESS_RESULT, "((0,1),((85,-,[4] 21.500000),(77,-,[5] (2,32))))"}, 4},
+    {{CT_DEV_OBJ_REFERENCE, "((-,(0,1)),((8,5),(0,2)))"}, 0},
+    {{CT_DEV_OBJ_PROP_VALUE, "((8,5),(0,1),present-value,-,[4] 21.500000)"}, 0},
+    {{CT_ACCUMULATOR_RECORD, "(((tuesday,24-november-2026),08:00:00.00),12,345,1)"}, 0},
+    {{CT_PRESCALE, "(10,1000)"}, 0},
+    {{CT_SCALE, "([3] 1,[4] 2.500000)"}, 0},
+    {{CT_SHED_LEVEL, "([1] 3,[2] 12.500000)"}, 0},
+    {{CT_PROPERTY_ACCESS_RESULT, "((0,1),85,-,(8,5),[5] (1,31))"}, 0},
+    {{CT_LIGHTING_COMMAND, "(1,50.000000,-,-,1000,8)"}, 0},
+    {{CT_CHANNEL_VALUE, "([4] 21.500000,[6] 0x0102)"}, 1},
+};
+
+TEST(CapacitySweep, ConstructedValuesStayWithinTheirCapacity) {
+    for (const SweepEntry &entry : kSweep) {
+        if (bacfmt::FindDatatype(entry.notation.code)->scan.scan == nullptr) continue;
+        bacfmt_test::ExpectBoundedAtEveryCapacity(entry.notation, entry.overrun);
+    }
+}
+
+TEST(CapacitySweep, EveryScannableConstructedValueIsSwept) {
+    std::set<uint32_t> swept;
+    for (const SweepEntry &entry : kSweep) swept.insert(entry.notation.code);
+    for (const bacfmt::DatatypeInfo *row = bacfmt::DatatypeRowsBegin(); row != bacfmt::DatatypeRowsEnd(); ++row) {
+        const bool constructed = row->code > CT_OBJECT_ID && (row->code < CT_ASN1_FIRST || row->code > CT_ASN1_LAST);
+        if (!constructed || row->scan.scan == nullptr || row->print == nullptr) continue;
+        EXPECT_TRUE(swept.count(row->code) != 0) << row->name << " has no entry in the sweep";
+    }
+}
+
+}  // namespace
