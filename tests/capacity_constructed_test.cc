@@ -23,6 +23,8 @@ struct SweepEntry {
 // "[4] " before a read access result item's value is copied unchecked; an
 // octet string's hex printer may put its terminator one byte past.
 const SweepEntry kSweep[] = {
+    {{CT_PRI_ARRAY_ITEM, "(NULL,21.500000,16,active,NULL,NULL,NULL,NULL,NULL,NULL,NULL,NULL,NULL,NULL,NULL,?)", 87}, 0},
+    {{CT_PROPERTY_STATES, "([0] 1,[11] 7,[12] 3)"}, 0},
     {{CT_DATE_TIME, "((monday, 1-january-2024),08:00:00.00)"}, 0},
     {{CT_OBJ_PROP_REFERENCE, "(((0,1),85,3),((3,2),77,-))"}, 0},
     {{CT_DATE_RANGE, "((monday, 1-january-2024),(*,31-december-2024))"}, 0},

@@ -24,6 +24,7 @@ TEST(Layout, PointerFreeElementsHaveContractSizes) {
     EXPECT_EQ(sizeof(BACnetWeekNDay), 12u);
     EXPECT_EQ(sizeof(BACnetCalendarEntry), 36u);
     EXPECT_EQ(sizeof(BACnetTimeStamp), 24u);
+    EXPECT_EQ(sizeof(BACnetPropertyStates), 8u);
     EXPECT_EQ(sizeof(BACnetObjPropReference), 16u);
     EXPECT_EQ(sizeof(BACnetDevObjReference), 20u);
     EXPECT_EQ(sizeof(BACnetDevObjPropReference), 28u);
@@ -45,6 +46,7 @@ TEST(Layout, RecordAndPointerElementsOn32BitTarget) {
     EXPECT_EQ(sizeof(BACnetRawASN1), 8u);
     EXPECT_EQ(sizeof(BACnetStringTable), 28u);
     EXPECT_EQ(sizeof(BACnetTimeValue), 28u);
+    EXPECT_EQ(sizeof(BACnetPriArrayItem), 28u);
     EXPECT_EQ(sizeof(BACnetDailySchedule), 8u);
     EXPECT_EQ(sizeof(BACnetSpecialEvent), 52u);
     EXPECT_EQ(sizeof(BACnetPropertyValue), 36u);

@@ -267,6 +267,39 @@ typedef struct BACnetTimeStamp {
 } BACnetTimeStamp;
 
 /* Object property reference element (16 bytes). */
+/* Priority array slot (28 bytes): a datatype code (all ones = unknown)
+ * and a value of that type. A double is kept as two words (the slot is
+ * only 4-byte aligned on the 32-bit target); copy it out with memcpy.
+ * Code 514 holds a whole embedded record. */
+typedef struct BACnetPriArrayItem {
+    uint32_t type;
+    union {
+        uint8_t boolean;
+        uint32_t unsignedValue; /* also an enumeration value */
+        int32_t signedValue;
+        float real;
+        uint32_t doubleWords[2];
+        BACnetOctetString octets;
+        BACnetCharString string;
+        BACnetBitString bits;
+        BACnetDate date;
+        BACnetTime time;
+        BACnetObjectID objectId;
+        BACnetDateTime dateTime;
+        BACnetContents contents;
+    } u;
+} BACnetPriArrayItem;
+
+/* Property states element (8 bytes): the choice and its value, a boolean
+ * for choice 0. */
+typedef struct BACnetPropertyStates {
+    uint32_t choice;
+    union {
+        uint8_t boolean;
+        uint32_t value;
+    } u;
+} BACnetPropertyStates;
+
 typedef struct BACnetObjPropReference {
     BACnetObjectID object;
     uint32_t propertyId;

@@ -86,6 +86,16 @@ BACFMT_API int BACnetSPrintDailyScheduleList(char *dst, int size, const BACnetDa
 BACFMT_API int BACnetSPrintSpecialEventList(char *dst, int size, const BACnetSpecialEvent *list,
                                             int ignored, int names, unsigned count);
 
+/* Priority array slots and property states. A slot prints without its
+ * tag; a double slot is measured as the "%d" of its first word and written
+ * as its "%e" (up to 14 characters and the terminator): give it room for
+ * 15 bytes. The array prints its sixteen slots. A property-states choice
+ * without a value writes only "[n] " and returns twice its length. */
+BACFMT_API int BACnetSPrintPriArrayItem(char *dst, int size, const BACnetPriArrayItem *value);
+BACFMT_API int BACnetSPrintPriArray(char *dst, int size, const BACnetPriArrayItem *sixteenItems);
+BACFMT_API int BACnetSPrintPropertyStates(char *dst, int size, const BACnetPropertyStates *value,
+                                          int names);
+
 /* Object and property references and property values. */
 BACFMT_API int BACnetSPrintObjPropReference(char *dst, int size,
                                             const BACnetObjPropReference *value, int names);

@@ -100,6 +100,9 @@ BACFMT_API int BACnetSScanSetpointReference(char *text, void **payload, int32_t 
                                             int32_t sizeOnly);
 BACFMT_API int BACnetSScanPropertyReference(char *text, void **payload, int32_t *count,
                                             int32_t sizeOnly);
+/* "[choice] value"; an unknown name is stored as the lookup answers it. */
+BACFMT_API int BACnetSScanPropertyStates(char *text, void **payload, int32_t *count,
+                                         int32_t sizeOnly);
 /* Values with nested content (embedded records, arrays of time values):
  * nested parts go behind the element array, or at `*tail` when that is not
  * null (which then gets the advanced cursor), or into malloc blocks of
@@ -119,6 +122,11 @@ BACFMT_API int BACnetSScanSpecialEvent(char *text, void **payload, int32_t separ
  * value reads one value; its list form sizes but does not fill (-2). */
 BACFMT_API int BACnetSScanPropertyValue(char *text, void **payload, int32_t separateLists,
                                         void **tail, int32_t *count, int32_t sizeOnly);
+/* Priority array slots: the filling pass counts the slots only, the sizing
+ * pass adds what strings, octet strings and embedded records need behind
+ * them, so size with the sizing pass. */
+BACFMT_API int BACnetSScanPriArrayItem(char *text, void **payload, int32_t separateLists,
+                                       void **tail, int32_t *count, int32_t sizeOnly);
 BACFMT_API int BACnetSScanDevObjPropValue(char *text, void **payload, int32_t separateLists,
                                           void **tail, int32_t *count, int32_t sizeOnly);
 

@@ -8,10 +8,14 @@
 
 namespace bacfmt {
 
-int ReadPropertyIdentifier(char *text, uint32_t &property) {
+char *NumberedPart(char *text) {
     for (char *p = text; *p != '\0'; ++p)
         if (*p == '-' && IsDecimalDigit(p[1])) text = p + 1;
-    text = KillTrailLeadSpace(text);
+    return KillTrailLeadSpace(text);
+}
+
+int ReadPropertyIdentifier(char *text, uint32_t &property) {
+    text = NumberedPart(text);
     if (IsDecimalDigit(text[0])) {
         property = static_cast<uint32_t>(TextToSigned(text));
         return 0;

@@ -17,6 +17,10 @@ namespace bacfmt {
 // text says its type (a leading tag, or else the dispatcher's guess).
 inline constexpr uint32_t kTypeFromText = 0xFFFFFFFFu;
 
+// The part of a property's text that counts: behind the last "-" that a
+// digit follows ("proprietary-512", "x-512"), trimmed.
+char *NumberedPart(char *text);
+
 // A property identifier: when a "-" followed by a digit occurs, only the
 // text behind the last such "-" counts ("proprietary-512", "x-512"); a
 // leading digit reads the decimal number, anything else is a name of the

@@ -9,6 +9,7 @@
 #include <bacfmt/print.h>
 
 #include "constructed/commands.h"
+#include "constructed/priority.h"
 #include "constructed/calendar.h"
 #include "constructed/schedule.h"
 #include "constructed/read_access.h"
@@ -144,11 +145,11 @@ constexpr DatatypeInfo kRows[] = {
     Scans(Row(CT_TIME,             "CT_TIME",             sizeof(BACnetTime),        Print<BACnetSPrintTime>),                              ScanWith<BACnetSScanTime>(K::Fixed)),
     Scans(Row(CT_OBJECT_ID,        "CT_OBJECT_ID",        sizeof(BACnetObjectID),    Print<BACnetSPrintObjectID>,  {76, 154, 209}),         ScanWith<BACnetSScanObjectID>(K::Fixed)),
 
-    Row(CT_PRI_ARRAY_ITEM,         "CT_PRI_ARRAY_ITEM",         28, nullptr, {87}),
+    Frees(Scans(Row(CT_PRI_ARRAY_ITEM, "CT_PRI_ARRAY_ITEM", sizeof(BACnetPriArrayItem), Print<BACnetSPrintPriArrayItem>, {87}), ScanWith<BACnetSScanPriArrayItem>(K::Variable)), ReleasePriArrayItems),
     Row(CT_ADDRESS,                "CT_ADDRESS",                12),
     Scans(Row(CT_DATE_TIME,        "CT_DATE_TIME",              sizeof(BACnetDateTime), Print<BACnetSPrintDateTime>), ScanWith<BACnetSScanDateTime>(K::Fixed)),
     Scans(Row(CT_OBJ_PROP_REFERENCE, "CT_OBJ_PROP_REFERENCE", sizeof(BACnetObjPropReference), Print<BACnetSPrintObjPropReference>), ScanWith<BACnetSScanObjPropReference>(K::Fixed)),
-    Row(CT_PROPERTY_STATES,        "CT_PROPERTY_STATES",        8),
+    Scans(Row(CT_PROPERTY_STATES,  "CT_PROPERTY_STATES",  sizeof(BACnetPropertyStates), Print<BACnetSPrintPropertyStates>), ScanWith<BACnetSScanPropertyStates>(K::Fixed)),
     Row(CT_EVENT_PARAMETER,        "CT_EVENT_PARAMETER",        52, nullptr, {}, R::Always),
     Scans(Row(CT_DATE_RANGE,       "CT_DATE_RANGE",       sizeof(BACnetDateRange),   Print<BACnetSPrintDateRange>),  ScanWith<BACnetSScanDateRange>(K::Fixed)),
     Scans(Row(CT_WEEK_N_DAY,       "CT_WEEK_N_DAY",       sizeof(BACnetWeekNDay),    Print<BACnetSPrintWeekNDay>),   ScanWith<BACnetSScanWeekNDay>(K::Fixed)),

@@ -78,6 +78,12 @@ int FormatFixed(char (&out)[kFixedBufferSize], double value) {
         std::to_chars(out, out + sizeof out, value, std::chars_format::fixed, 6).ptr - out);
 }
 
+int FormatExponent(char (&out)[32], double value) {
+    if (!std::isfinite(value)) return std::snprintf(out, sizeof out, "%e", value);
+    return static_cast<int>(
+        std::to_chars(out, out + sizeof out, value, std::chars_format::scientific, 6).ptr - out);
+}
+
 }  // namespace bacfmt
 
 extern "C" int BACnetSPrintString(char *dst, int size, const char *text) {

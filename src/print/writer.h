@@ -97,6 +97,8 @@ int FormatSigned(char (&out)[16], int32_t value);
 // "%f" of a double: six decimals; inf/nan spelled as the C library does.
 inline constexpr int kFixedBufferSize = 330;
 int FormatFixed(char (&out)[kFixedBufferSize], double value);
+// "%e" of a double: six decimals and an exponent of at least two digits.
+int FormatExponent(char (&out)[32], double value);
 
 }  // namespace bacfmt
 

@@ -203,7 +203,7 @@ CHECK_LINES = [
     ("schedule,1 schedule-default = [5] 1.25", "schedule,1 schedule-default = [5] 1.250000",
      None),
     ("analog-value,1 priority-array = (NULL,NULL)", None,
-     r"datatype not settled or not supported \(priority-array as CT_PRI_ARRAY_ITEM\)"),
+     r"element count differs \(priority-array as CT_PRI_ARRAY_ITEM\)"),
     ("x" * 5000, "x" * 5000, r"<stdin>:1: no \"=\""),
     # Names and numbers of the line's left side, and their limits.
     ("ANALOG-INPUT,0x10 Present-Value = 1", "analog-input,16 present-value = 1.000000", None),
