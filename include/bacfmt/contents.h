@@ -351,6 +351,72 @@ typedef struct BACnetDevObjPropValue {
     BACnetContents value;
 } BACnetDevObjPropValue;
 
+/* Notification parameters: the values an event notification carries, by
+ * event type (the types of the event parameters). No datatype code of
+ * their own: event log records hold them. */
+
+/* Extended notification parameter (52 bytes): a datatype code (0, 16, 32,
+ * 48, 64, 80, 96, 128, 144 or CT_DEV_OBJ_PROP_VALUE) and its value. A
+ * double is kept as two words; copy it out with memcpy. */
+typedef struct BACnetNotificationExtendedParameter {
+    uint32_t type;
+    union {
+        uint8_t boolean;
+        uint32_t unsignedValue; /* also an enumeration value */
+        int32_t signedValue;
+        float real;
+        uint32_t doubleWords[2];
+        BACnetOctetString octets;
+        BACnetBitString bits;
+        BACnetDevObjPropValue value;
+    } u;
+} BACnetNotificationExtendedParameter;
+
+/* Notification parameters element (104 bytes): the event type and, by
+ * type, its fields. Doubles are kept as word pairs. */
+typedef struct BACnetNotificationParameters {
+    uint32_t eventType;
+    union {
+        struct { BACnetBitString referencedBits; BACnetBitString statusFlags; } changeOfBitstring;          /* 0 */
+        struct { BACnetPropertyStates newState; BACnetBitString statusFlags; } changeOfState;                /* 1 */
+        struct {
+            uint32_t choice; /* 0 changed bits, 1 changed value */
+            union { BACnetBitString changedBits; float changedValue; } u;
+            BACnetBitString statusFlags;
+        } changeOfValue;                                                                                     /* 2 */
+        struct {
+            uint32_t type; /* CT_ENUMERATED, CT_SHED_LEVEL or CT_UNSIGNED */
+            uint32_t commandValue[2];
+            uint32_t feedbackValue[2];
+            BACnetBitString statusFlags;
+        } commandFailure;                                                                                    /* 3 */
+        struct { float referenceValue; BACnetBitString statusFlags; float setpointValue; float errorLimit; } floatingLimit; /* 4 */
+        struct { float exceedingValue; BACnetBitString statusFlags; float deadband; float exceededLimit; } outOfRange;     /* 5 */
+        struct { uint32_t count; BACnetPropertyValue *values; } complexEvent;                                /* 6 */
+        struct { BACnetObjectID bufferDevice; BACnetObjectID bufferObject; BACnetDateTime previous; BACnetDateTime current; } bufferFirst; /* 7 */
+        struct { uint32_t newState; uint32_t newMode; BACnetBitString statusFlags; uint32_t operationExpected; } changeOfLifeSafety; /* 8 */
+        struct { uint32_t vendorId; uint32_t extendedType; uint32_t count; BACnetNotificationExtendedParameter *parameters; } extended; /* 9 */
+        struct { BACnetDevObjPropReference bufferProperty; uint32_t previousNotification; uint32_t currentNotification; } bufferReady; /* 10 */
+        struct { uint32_t exceedingValue; BACnetBitString statusFlags; uint32_t exceededLimit; } unsignedRange; /* 11 */
+        struct {
+            uint32_t accessEvent;
+            BACnetBitString statusFlags;
+            uint32_t accessEventTag;
+            BACnetTimeStamp accessEventTime;
+            BACnetDevObjReference accessCredential;
+            uint8_t factorPresent;
+            uint32_t factor[5]; /* the authentication factor */
+        } accessEvent;                                                                                       /* 13 */
+        struct { uint32_t exceedingValue[2]; BACnetBitString statusFlags; uint32_t deadband[2]; uint32_t exceededLimit[2]; } doubleOutOfRange; /* 14 */
+        struct { int32_t exceedingValue; BACnetBitString statusFlags; int32_t deadband; int32_t exceededLimit; } signedOutOfRange; /* 15 */
+        struct { uint32_t exceedingValue; BACnetBitString statusFlags; uint32_t deadband; uint32_t exceededLimit; } unsignedOutOfRange; /* 16 */
+        struct { BACnetCharString changedValue; BACnetBitString statusFlags; BACnetCharString alarmValue; } changeOfCharacterString; /* 17 */
+        struct { uint8_t presentValuePresent; BACnetContents presentValue; BACnetBitString referencedFlags; } changeOfStatusFlags; /* 18 */
+        struct { uint32_t reliability; BACnetBitString statusFlags; uint32_t count; BACnetPropertyValue *values; } changeOfReliability; /* 19 */
+        uint32_t words[25];
+    } u;
+} BACnetNotificationParameters;
+
 /* Commands, actions and metering values. */
 
 /* Bits of BACnetActionCommand.present. */

@@ -96,6 +96,14 @@ BACFMT_API int BACnetSPrintPriArray(char *dst, int size, const BACnetPriArrayIte
 BACFMT_API int BACnetSPrintPropertyStates(char *dst, int size, const BACnetPropertyStates *value,
                                           int names);
 
+/* Notification parameters: "[type] " and the type's fields, without
+ * brackets. -3 for a change-of-value choice or command-value datatype it
+ * does not know. An extended parameter of datatype NULL is copied as
+ * "[0] NULL" without a room check: give it 9 bytes of room. */
+BACFMT_API int BACnetSPrintNotificationParameters(char *dst, int size,
+                                                  const BACnetNotificationParameters *value,
+                                                  uint8_t symbolic);
+
 /* Object and property references and property values. */
 BACFMT_API int BACnetSPrintObjPropReference(char *dst, int size,
                                             const BACnetObjPropReference *value, int names);

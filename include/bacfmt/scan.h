@@ -122,6 +122,13 @@ BACFMT_API int BACnetSScanSpecialEvent(char *text, void **payload, int32_t separ
  * value reads one value; its list form sizes but does not fill (-2). */
 BACFMT_API int BACnetSScanPropertyValue(char *text, void **payload, int32_t separateLists,
                                         void **tail, int32_t *count, int32_t sizeOnly);
+/* Notification parameters: one element when the text starts with its
+ * "[type]" tag (the expected count is then not checked), else a list of
+ * bracketed elements. The sizing pass does not check the fields of types
+ * 7 and 10, and tells an absent present value (type 18) by the second
+ * field rather than the first. */
+BACFMT_API int BACnetSScanNotificationParameters(char *text, void **payload, int32_t separateLists,
+                                                 void **tail, int32_t *count, int32_t sizeOnly);
 /* Priority array slots: the filling pass counts the slots only, the sizing
  * pass adds what strings, octet strings and embedded records need behind
  * them, so size with the sizing pass. */
