@@ -22,20 +22,21 @@
  * Some pieces are written without looking at `size`:
  * - SPrintDate and SPrintTime write their whole text (up to 36 and 16
  *   bytes with the terminator, for out-of-range fields); SPrintDateTime
- *   writes the date whole and, once the date is shorter than `size`, a
- *   blank and the whole time.
+ *   writes the date whole and, when the blank behind it leaves the
+ *   position below `size`, the whole time.
  * - SPrintObjectId writes its whole text once `size` is greater than 25,
  *   however long the object type's name is.
  * - SPrintAddress writes its "NNNN," header with its terminator (6 bytes)
  *   once `size` is at least 5.
  * - SPrintReadInfo, SPrintWriteInfo and SPrintReadRangeInfo write "Obj:"
  *   and its terminator (5 bytes) whatever `size` is.
- * - SPrintReadMultipleInfo writes "Obj:", ",Props:\n" and the "\n" that
- *   ends a specification (with their terminators) whenever the position is
- *   still below `size`.
+ * - SPrintReadMultipleInfo writes "Obj:" (the first one whatever `size`
+ *   is), ",Props:\n" and the "\n" that ends a specification, with their
+ *   terminators, whenever the position is still below `size`.
  * - SPrintCOVNotifyInfo writes the "," behind each value and a terminator
- *   after it; behind a value that did not fit, that is two bytes before
- *   where the value started.
+ *   after it, that terminator at dst[size] when the value filled the
+ *   buffer; behind a value that did not fit, the comma goes two bytes
+ *   before where the value started.
  * - SPrintReadFileInfo and SPrintWriteFileInfo write the access part
  *   (",accesstype:...,", the start and the count or length) whole once the
  *   object's text is shorter than `size`, also when SPrintObjectId wrote
