@@ -15,7 +15,7 @@
 namespace bacfmt {
 namespace {
 
-// Below this capacity an object identifier is not written at all; above
+// Up to this capacity an object identifier is not written at all; above
 // it, it is written whole however long the type's name is.
 constexpr int kObjectIdThreshold = 25;
 constexpr int kAddressHeaderLength = 5;  // "NNNN,"
@@ -49,7 +49,7 @@ bool WriteObjectAndProperty(ShortSummary &out, const Request &r, bool trailingCo
 int WriteFileAccess(char *dst, int size, const ObjectIdInfo &file, uint32_t accessKind,
                     int32_t start, uint32_t count) {
     ShortSummary out(dst, size);
-    out.Add(SPrintObjectId(dst, size, &file));
+    out.Put(SPrintObjectId, &file);
     if (out.Reached()) return out.position();
     if (accessKind != BACNET_FILE_ACCESS_STREAM) {
         out.Copy(",accesstype:RECORD,");
