@@ -25,6 +25,7 @@ struct SweepEntry {
 const SweepEntry kSweep[] = {
     {{CT_PRI_ARRAY_ITEM, "(NULL,21.500000,16,active,NULL,NULL,NULL,NULL,NULL,NULL,NULL,NULL,NULL,NULL,NULL,?)", 87}, 0},
     {{CT_PROPERTY_STATES, "([0] 1,[11] 7,[12] 3)"}, 0},
+    {{CT_OPTIONAL_CHARACTER_STRING, "([7]\"flame failure\",[0]NULL)"}, 0},
     {{CT_DATE_TIME, "((monday, 1-january-2024),08:00:00.00)"}, 0},
     {{CT_OBJ_PROP_REFERENCE, "(((0,1),85,3),((3,2),77,-))"}, 0},
     {{CT_DATE_RANGE, "((monday, 1-january-2024),(*,31-december-2024))"}, 0},

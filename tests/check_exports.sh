@@ -8,7 +8,7 @@ bad=$(echo "$symbols" | grep -E '^_Z|^(ParseElement|KillTrailLeadSpace|SimpleUtf
 if [ -n "$bad" ]; then
   echo "exported but internal:"; echo "$bad"; exit 1
 fi
-for wanted in BACnetSPrintContents BACnetSScanContents BACnetStatusString GetObjPropDescription utf8_encode UnknownString; do
+for wanted in BACnetSPrintContents BACnetSScanContents BACnetStatusString SPrintReadInfo GetObjPropDescription utf8_encode UnknownString; do
   echo "$symbols" | grep -qx "$wanted" || { echo "missing export: $wanted"; exit 1; }
 done
 echo "exports ok: $(echo "$symbols" | wc -l) symbols"

@@ -6,6 +6,7 @@
 #include <bacfmt/print.h>
 #include <bacfmt/scan.h>
 #include <bacfmt/diag.h>
+#include <bacfmt/service.h>
 #include <bacfmt/catalog.h>
 #include <bacfmt/enumtext.h>
 

@@ -79,6 +79,13 @@ BACFMT_API int BACnetSScanASN1String(char *text, void **payload, int32_t separat
                                      void **tail, int32_t *count, int32_t sizeOnly);
 BACFMT_API int BACnetSScanString(char *text, void **payload, int32_t separateLists,
                                  void **tail, int32_t *count, int32_t sizeOnly);
+/* Optional character strings: per element "[7]" and a string as above, or
+ * "[0]NULL" (any case), which stores an element of the character set
+ * BACNET_CHARSET_NULL_CHOICE holding an empty text (a buffer of one byte).
+ * A missing tag or another choice answers -3, and so does a "[7]" string
+ * while the character set setting is BACNET_CHARSET_NULL_CHOICE. */
+BACFMT_API int BACnetSScanOptionalCharString(char *text, void **payload, int32_t separateLists,
+                                             void **tail, int32_t *count, int32_t sizeOnly);
 
 /* Calendar and schedule values and references, fixed form: `payload`,
  * `count` and `sizeOnly` as for the primitive scanners; the result is the

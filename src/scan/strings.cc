@@ -1,5 +1,6 @@
 // Variable-length elements: octet strings and raw encoded data ("0x0a0b",
-// "X'0a0b'"), and character strings (quoted or bare). Their content goes
+// "X'0a0b'"), character strings (quoted or bare) and optional character
+// strings ("[7]" and a string, or "[0]NULL"). Their content goes
 // behind the element array or into blocks of their own (scan_list.h).
 #include <cstring>
 
@@ -81,6 +82,41 @@ void StoreCharacters(BACnetCharString &s, char *chars, const Content &content) {
     std::memcpy(chars, content.source, static_cast<std::size_t>(content.advance));
 }
 
+// An optional string is "[7]" and a string, or "[0]NULL" for its NULL
+// choice, which is an element of the character set BACNET_CHARSET_NULL_CHOICE
+// holding an empty text: a reader of the characters still finds a
+// terminated text, and every element owns one block to release.
+constexpr int kNullChoiceTag = 0;
+constexpr int kStringChoiceTag = 7;
+constexpr auto kNullChoiceSet = static_cast<uint32_t>(BACNET_CHARSET_NULL_CHOICE);
+constexpr char kNoCharacters[] = "";
+
+int PrepareOptionalCharacters(char *text, Content &content) {
+    char *value = nullptr;
+    switch (ParseChoice(text, -1, &value)) {
+    case kStringChoiceTag:
+        // Under the setting -1 the string would read back as the NULL choice.
+        if (tBACnetStringType == kNullChoiceSet || BufferBytesPerCharacter(tBACnetStringType) == 0)
+            return kUnsupported;
+        return PrepareCharacters(value, content);
+    case kNullChoiceTag:
+        if (str_i_cmp(KillTrailLeadSpace(value), NullString) != 0) return kSyntaxError;
+        content.source = kNoCharacters;
+        content.reserved = sizeof kNoCharacters;
+        content.advance = sizeof kNoCharacters;
+        return 0;
+    default:
+        return kUnsupported;  // no tag, or a choice the type does not have
+    }
+}
+
+void StoreOptionalCharacters(BACnetCharString &s, char *chars, const Content &content) {
+    StoreCharacters(s, chars, content);
+    if (content.source != kNoCharacters) return;
+    s.charSet = kNullChoiceSet;
+    s.codePage = 0;
+}
+
 }  // namespace
 }  // namespace bacfmt
 
@@ -122,4 +158,13 @@ extern "C" int BACnetSScanString(char *text, void **payload, int32_t separateLis
     SingleElement empty(text + std::strlen(text));
     return ScanVariableElements<BACnetCharString>(empty, payload, separateLists, tail, count,
                                                   sizeOnly, PrepareCharacters, StoreCharacters);
+}
+
+extern "C" int BACnetSScanOptionalCharString(char *text, void **payload, int32_t separateLists,
+                                             void **tail, int32_t *count, int32_t sizeOnly) {
+    ElementList elements(text);
+    if (elements.count() < 0) return kSyntaxError;
+    return ScanVariableElements<BACnetCharString>(elements, payload, separateLists, tail, count,
+                                                  sizeOnly, PrepareOptionalCharacters,
+                                                  StoreOptionalCharacters);
 }
