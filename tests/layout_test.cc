@@ -47,6 +47,12 @@ TEST(Layout, RecordAndPointerElementsOn32BitTarget) {
     EXPECT_EQ(sizeof(BACnetStringTable), 28u);
     EXPECT_EQ(sizeof(BACnetTimeValue), 28u);
     EXPECT_EQ(sizeof(BACnetPriArrayItem), 28u);
+    EXPECT_EQ(sizeof(BACnetNotificationParameters), 104u);
+    EXPECT_EQ(sizeof(BACnetNotificationExtendedParameter), 52u);
+    EXPECT_EQ(sizeof(BACnetLogRecord), 80u);
+    EXPECT_EQ(sizeof(BACnetLogDataEntry), 28u);
+    EXPECT_EQ(sizeof(BACnetLogRecordMultiple), 52u);
+    EXPECT_EQ(sizeof(BACnetEventLogRecord), 68u);
     EXPECT_EQ(sizeof(BACnetDailySchedule), 8u);
     EXPECT_EQ(sizeof(BACnetSpecialEvent), 52u);
     EXPECT_EQ(sizeof(BACnetPropertyValue), 36u);

@@ -417,6 +417,90 @@ typedef struct BACnetNotificationParameters {
     } u;
 } BACnetNotificationParameters;
 
+/* Log records. Each starts with a word that the notation does not carry. */
+
+/* The value a log record or log data entry holds, by its choice. */
+typedef union BACnetLogDatum {
+    BACnetBitString bits;
+    uint8_t boolean;
+    float real;
+    uint32_t enumerated;
+    uint32_t unsignedValue;
+    int32_t signedValue;
+    struct { uint32_t errorClass; uint32_t errorCode; } failure;
+    BACnetContents any;
+} BACnetLogDatum;
+
+/* Log record element (80 bytes). Choices: 0 log status, 1 boolean, 2 real,
+ * 3 enumerated, 4 unsigned, 5 signed, 6 bit string, 7 null, 8 failure,
+ * 9 time change (a real), 10 any value. */
+typedef struct BACnetLogRecord {
+    uint32_t reserved;
+    BACnetDateTime timestamp;
+    uint32_t choice;
+    BACnetLogDatum datum;
+    uint8_t statusFlagsPresent;
+    BACnetBitString statusFlags;
+} BACnetLogRecord;
+
+/* One value of a multiple-value log record (28 bytes). Choices: 0 boolean,
+ * 1 real, 2 enumerated, 3 unsigned, 4 signed, 5 bit string, 6 null,
+ * 7 failure, 8 any value. */
+typedef struct BACnetLogDataEntry {
+    uint32_t choice;
+    BACnetLogDatum datum;
+} BACnetLogDataEntry;
+
+/* Multiple-value log record element (52 bytes). Choices: 0 log status,
+ * 1 log data, 2 time change. */
+typedef struct BACnetLogRecordMultiple {
+    uint32_t reserved;
+    BACnetDateTime timestamp;
+    uint32_t choice;
+    union {
+        BACnetBitString logStatus;
+        struct { uint32_t count; BACnetLogDataEntry *entries; } data;
+        float timeChange;
+    } u;
+} BACnetLogRecordMultiple;
+
+/* The two blocks of a logged event notification. */
+typedef struct BACnetEventLogHeader {
+    uint32_t processId;
+    BACnetTimeStamp timeStamp;
+    uint32_t notificationClass;
+    uint8_t priority;
+    uint32_t eventType;
+    uint32_t notifyType;
+} BACnetEventLogHeader;
+
+typedef struct BACnetEventLogState {
+    uint8_t ackRequired;
+    uint32_t fromState;
+    uint32_t toState;
+    BACnetNotificationParameters parameters;
+} BACnetEventLogState;
+
+/* Event log record element (68 bytes). Choices: 0 log status,
+ * 1 notification, 2 time change. A message whose character set is all
+ * ones is no message. */
+typedef struct BACnetEventLogRecord {
+    uint32_t reserved;
+    BACnetDateTime timestamp;
+    uint32_t choice;
+    union {
+        BACnetBitString logStatus;
+        struct {
+            BACnetObjectID initiatingDevice;
+            BACnetObjectID eventObject;
+            BACnetCharString message;
+            BACnetEventLogHeader *header;
+            BACnetEventLogState *state;
+        } notification;
+        float timeChange;
+    } u;
+} BACnetEventLogRecord;
+
 /* Commands, actions and metering values. */
 
 /* Bits of BACnetActionCommand.present. */

@@ -104,6 +104,16 @@ BACFMT_API int BACnetSPrintNotificationParameters(char *dst, int size,
                                                   const BACnetNotificationParameters *value,
                                                   uint8_t symbolic);
 
+/* Log records: "(" date-time ",[choice] " value ... ")". A choice without
+ * a form writes nothing and returns 0. */
+BACFMT_API int BACnetSPrintLogRecord(char *dst, int size, const BACnetLogRecord *value, int names);
+BACFMT_API int BACnetSPrintLogRecordMultiple(char *dst, int size, const BACnetLogRecordMultiple *value,
+                                             int names);
+BACFMT_API int BACnetSPrintLogRecordMultipleLogDataEntry(char *dst, int size,
+                                                         const BACnetLogDataEntry *value, int names);
+BACFMT_API int BACnetSPrintEventLogRecord(char *dst, int size, const BACnetEventLogRecord *value,
+                                          int names);
+
 /* Object and property references and property values. */
 BACFMT_API int BACnetSPrintObjPropReference(char *dst, int size,
                                             const BACnetObjPropReference *value, int names);

@@ -136,6 +136,20 @@ BACFMT_API int BACnetSScanPropertyValue(char *text, void **payload, int32_t sepa
  * field rather than the first. */
 BACFMT_API int BACnetSScanNotificationParameters(char *text, void **payload, int32_t separateLists,
                                                  void **tail, int32_t *count, int32_t sizeOnly);
+/* Log records. A text without a top-level comma holds no record (0). A
+ * record whose choice part starts with "[" is read alone; a list's log
+ * records must have three parts each and known choices. An event log
+ * record's notification blocks go at the tail (in separate-list mode in
+ * blocks of their own); its sizing pass counts them, its filling pass does
+ * not. */
+BACFMT_API int BACnetSScanLogRecord(char *text, void **payload, int32_t separateLists, void **tail,
+                                    int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanLogRecordMultiple(char *text, void **payload, int32_t separateLists,
+                                            void **tail, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanLogRecordMultipleEntry(char *text, void **payload, int32_t separateLists,
+                                                 void **tail, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanEventLogRecord(char *text, void **payload, int32_t separateLists,
+                                         void **tail, int32_t *count, int32_t sizeOnly);
 /* Priority array slots: the filling pass counts the slots only, the sizing
  * pass adds what strings, octet strings and embedded records need behind
  * them, so size with the sizing pass. */

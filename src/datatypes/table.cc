@@ -9,6 +9,7 @@
 #include <bacfmt/print.h>
 
 #include "constructed/commands.h"
+#include "constructed/log_records.h"
 #include "constructed/priority.h"
 #include "constructed/calendar.h"
 #include "constructed/schedule.h"
@@ -165,7 +166,7 @@ constexpr DatatypeInfo kRows[] = {
     Row(CT_ADDRESS_BINDING,        "CT_ADDRESS_BINDING",        20, nullptr, {30, 170, 171}),
     Scans(Row(CT_DEV_OBJ_PROP_REFERENCE, "CT_DEV_OBJ_PROP_REFERENCE", sizeof(BACnetDevObjPropReference), Print<BACnetSPrintDevObjPropReference>, {54}), ScanWith<BACnetSScanDevObjPropReference>(K::Fixed)),
     Row(CT_CLIENT_COV,             "CT_CLIENT_COV",             8),
-    Row(CT_LOG_RECORD,             "CT_LOG_RECORD",             80, nullptr, {131}),
+    Frees(Scans(Row(CT_LOG_RECORD, "CT_LOG_RECORD", sizeof(BACnetLogRecord), Print<BACnetSPrintLogRecord>, {131}), ScanWith<BACnetSScanLogRecord>(K::Variable)), ReleaseLogRecords),
     Frees(Scans(Row(CT_ACTION_LIST, "CT_ACTION_LIST", sizeof(BACnetActionList), Print<BACnetSPrintActionList>, {2}), ScanWith<BACnetSScanActionListArray>(K::Variable)), ReleaseActionLists),
     Frees(Scans(Row(CT_READ_ACCESS_SPEC, "CT_READ_ACCESS_SPEC", sizeof(BACnetReadAccessSpec), Print<BACnetSPrintReadAccessSpec>, {53}), ScanWith<BACnetSScanReadAccessSpec>(K::Variable)), ReleaseReadAccessSpecs),
     Frees(Scans(Row(CT_READ_ACCESS_RESULT, "CT_READ_ACCESS_RESULT", sizeof(BACnetReadAccessResult), Print<BACnetSPrintReadAccessResult>, {85}), ScanWith<BACnetSScanReadAccessResult>(K::Variable)), ReleaseReadAccessResults),
@@ -175,8 +176,8 @@ constexpr DatatypeInfo kRows[] = {
     Scans(Row(CT_ACCUMULATOR_RECORD, "CT_ACCUMULATOR_RECORD", sizeof(BACnetAccumulatorRecord), Print<BACnetSPrintAccumulatorRecord>), ScanWith<BACnetSScanAccumulatorRecord>(K::Fixed)),
     Scans(Row(CT_PRESCALE,         "CT_PRESCALE",         sizeof(BACnetPrescale),    Print<BACnetSPrintPrescale>),   ScanWith<BACnetSScanPrescale>(K::Fixed)),
     Scans(Row(CT_SCALE,            "CT_SCALE",            sizeof(BACnetScale),       Print<BACnetSPrintScale>),      ScanWith<BACnetSScanScale>(K::Fixed)),
-    Row(CT_EVENT_LOG_RECORD,       "CT_EVENT_LOG_RECORD",       68, nullptr, {131}),
-    Row(CT_LOG_RECORD_MULTIPLE,    "CT_LOG_RECORD_MULTIPLE",    52, nullptr, {131}),
+    Frees(Scans(Row(CT_EVENT_LOG_RECORD, "CT_EVENT_LOG_RECORD", sizeof(BACnetEventLogRecord), Print<BACnetSPrintEventLogRecord>, {131}), ScanWith<BACnetSScanEventLogRecord>(K::Variable)), ReleaseEventLogRecords),
+    Frees(Scans(Row(CT_LOG_RECORD_MULTIPLE, "CT_LOG_RECORD_MULTIPLE", sizeof(BACnetLogRecordMultiple), Print<BACnetSPrintLogRecordMultiple>, {131}), ScanWith<BACnetSScanLogRecordMultiple>(K::Variable)), ReleaseLogRecordsMultiple),
     Scans(Row(CT_SHED_LEVEL,       "CT_SHED_LEVEL",       sizeof(BACnetShedLevel),   Print<BACnetSPrintShedLevel>),  ScanWith<BACnetSScanShedLevel>(K::Fixed)),
     Row(CT_AUTHENTICATION_POLICY,  "CT_AUTHENTICATION_POLICY",  16),
     Row(CT_AUTHENTICATION_FACTOR,  "CT_AUTHENTICATION_FACTOR",  20),
