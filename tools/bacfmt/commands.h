@@ -15,6 +15,7 @@ extern const Command kAbortCommand;
 extern const Command kRejectCommand;
 extern const Command kPropsCommand;
 extern const Command kEnumCommand;
+extern const Command kSummaryCommand;
 
 }  // namespace bacfmt::tool
 

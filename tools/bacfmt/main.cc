@@ -10,7 +10,7 @@ namespace {
 
 const Command *const kCommands[] = {
     &kCheckCommand, &kScanCommand,  &kUnitsCommand, &kStatusCommand, &kErrorCommand,
-    &kAbortCommand, &kRejectCommand, &kPropsCommand, &kEnumCommand,
+    &kAbortCommand, &kRejectCommand, &kPropsCommand, &kEnumCommand, &kSummaryCommand,
 };
 
 const Command *FindCommand(const char *name) {
