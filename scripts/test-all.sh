@@ -22,6 +22,8 @@ done
 if [ -x scripts/fuzz.sh ] || [ -f scripts/fuzz.sh ]; then
   echo "== fuzzing"
   bash scripts/fuzz.sh "${FUZZ_SECONDS:-30}"
+  echo "== fuzz coverage"
+  bash scripts/fuzz_coverage.sh
 fi
 
 echo "== benchmarks build"
