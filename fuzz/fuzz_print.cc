@@ -173,6 +173,30 @@ void PrintRaw(unsigned flags, const uint8_t *data, size_t size) {
         }, Bound(0));
     const std::string plain(reinterpret_cast<const char *>(first.data()), strnlen(reinterpret_cast<const char *>(first.data()), first.size()));
     SweepSizes([&](char *dst, int n) { return BACnetSPrintString(dst, n, plain.c_str()); }, Bound(0));
+
+    // The same values as records of the primitive codes, through the
+    // dispatcher with the prefix and property of the flags.
+    const auto *bytes = reinterpret_cast<const uint8_t *>(words);
+    const struct {
+        uint32_t code;
+        const void *data;
+        uint32_t count;
+    } records[] = {
+        {CT_NULL, nullptr, 1},          {CT_BOOLEAN, bytes, wordCount},    {CT_UNSIGNED, words, wordCount},
+        {CT_SIGNED, words, wordCount},  {CT_REAL, words, wordCount},       {CT_DOUBLE, aligned.data(), doubleCount},
+        {CT_OCTET_STRING, &octetString, 1}, {CT_CHARACTER_STRING, strings, 2}, {CT_BIT_STRING, &bits, 1},
+        {CT_ENUMERATED, words, wordCount}, {CT_DATE, &dateTime.date, 1},  {CT_TIME, &dateTime.time, 1},
+        {CT_OBJECT_ID, &oid, 1},        {CT_DATE_TIME, &dateTime, 1},      {CT_OPTIONAL_CHARACTER_STRING, strings, 2},
+        {CT_ASN1_FIRST + flags % 4, &raw, 1},
+    };
+    const auto prefix = static_cast<uint8_t>(flags / 4 % 3);
+    for (const auto &r : records) {
+        const BACnetContents record{r.code, r.count, const_cast<void *>(r.data), 0, {0, 0}};
+        Reach reach = Bound(MostPastOfDatatype(r.code, symbolic));
+        reach.terminatesFirst = true;
+        SweepSizes([&](char *dst, int n) { return BACnetSPrintContents(dst, n, &record, property, symbolic, prefix); },
+                   reach);
+    }
 }
 
 }  // namespace

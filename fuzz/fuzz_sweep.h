@@ -66,20 +66,20 @@ void SweepSizes(const Print &print, const Reach &reach) {
     constexpr unsigned char kGuard = 0xA5;
     constexpr int kAmple = 1 << 16;
     static std::vector<char> whole(kAmple);
-    std::fill(whole.begin(), whole.end(), '\0');
+    whole[0] = '\0';
     const int wholeResult = print(whole.data(), kAmple);
     const int length = static_cast<int>(strnlen(whole.data(), kAmple));
     if (length >= kAmple / 2) return;
 
     // Some list printers count more than the text they leave (their marks
     // go to the start): the room they need is the larger of the two.
-    const int last = std::max(length, wholeResult) + 66;
+    const int last = std::max(length, wholeResult) + 16;
     const int past = reach.exact != nullptr ? length + 1 : reach.mostPast;
     std::vector<unsigned char> buffer(static_cast<size_t>(last + past) + 16);
     auto *dst = reinterpret_cast<char *>(buffer.data());
     for (int size = 0; size <= last; ++size) {
-        // Every size up to 300 and near the end; a stride in between.
-        if (size > 300 && size < length - 8 && size % 61 != 0) continue;
+        // Every size up to 160 and near the end; a stride in between.
+        if (size > 160 && size < length - 8 && size % 61 != 0) continue;
         std::fill(buffer.begin(), buffer.end(), kGuard);
         const int result = print(dst, size);
         int furthest = 0;
