@@ -65,11 +65,14 @@ BACFMT_API int BACnetSPrintReal(char *dst, int size, float value);
  * nothing written. */
 BACFMT_API int BACnetSPrintDouble(char *dst, int size, double value);
 /* mode 0 number; 1 "n => name"; 2 "n => name (n)"; 3 as 1, load-control
- * names for present-value. */
+ * names for present-value. The name is copied with the whole `size` as its
+ * room, behind the number and " => ": up to 15 bytes past `size`. */
 BACFMT_API int BACnetSPrintEnum(char *dst, int size, uint32_t value, uint32_t propertyId,
                                 uint8_t mode);
 BACFMT_API int BACnetSPrintBitString(char *dst, int size, const BACnetBitString *value,
                                      uint32_t propertyId, uint8_t symbolic);
+/* Accepts size 2 + 2 * length exactly, and then writes its terminator one
+ * byte past `size`. */
 BACFMT_API int BACnetSPrintHex(char *dst, int size, const uint8_t *octets, uint32_t length);
 BACFMT_API int BACnetSPrintOctetString(char *dst, int size, const BACnetOctetString *value);
 BACFMT_API int BACnetSPrintRawASN1(char *dst, int size, const BACnetRawASN1 *value);
