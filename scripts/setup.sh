@@ -3,7 +3,7 @@
 # runs apt when something is missing.
 set -euo pipefail
 
-packages=(cmake make g++ clang libclang-rt-14-dev googletest libbenchmark-dev
+packages=(cmake make g++ clang libclang-rt-14-dev llvm googletest libbenchmark-dev
           g++-arm-linux-gnueabi qemu-user python3 locales
           pkgconf dpkg-dev file)
 

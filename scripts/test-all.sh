@@ -27,6 +27,8 @@ bash scripts/packages.sh
 if [ -x scripts/fuzz.sh ] || [ -f scripts/fuzz.sh ]; then
   echo "== fuzzing"
   bash scripts/fuzz.sh "${FUZZ_SECONDS:-30}"
+  echo "== fuzz coverage"
+  bash scripts/fuzz_coverage.sh
 fi
 
 echo "== benchmarks build"

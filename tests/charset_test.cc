@@ -98,6 +98,13 @@ TEST(AnyString, CharacterSetsAndTightRoom) {
     EXPECT_EQ(BACnetSPrintAnyString(d, 64, &set4, 2, 0), 4);
     EXPECT_STREQ(d, "\xE2\x82\xAC" "x");
 
+    // A string scanned in a wide set ends in one zero byte: the last unit
+    // would reach past the buffer, so the walk ends at its size.
+    const char odd[] = {'a', 'b', '\0', 'X'};
+    const BACnetCharString scannedDbcs{BACNET_CHARSET_DBCS, 850, 3, const_cast<char *>(odd)};
+    EXPECT_EQ(BACnetSPrintAnyString(d, 64, &scannedDbcs, 2, 0), 3);
+    EXPECT_STREQ(d, "\xE6\x89\xA1");  // U+6261, the units as they stand
+
     const BACnetCharString unknownSet{9, 0, 4, latin};
     EXPECT_EQ(BACnetSPrintAnyString(d, 64, &unknownSet, 2, 0), 0);
     EXPECT_STREQ(d, "");

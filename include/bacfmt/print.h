@@ -7,6 +7,14 @@
  * not fit, other negative values passed through from the C library. The text
  * written so far is always zero-terminated. `symbolic` zero prints
  * enumerations, object types and booleans as numbers, nonzero by name.
+ *
+ * Caller's obligation: the number and tag printers below check a fixed
+ * threshold instead of measuring and, once `size` passes it, write their
+ * whole text however long it is, past `size` if need be. Every printer built
+ * from them (lists, object identifiers, enumerations, constructed values and
+ * BACnetSPrintContents) hands them the room it has left, so the same may
+ * happen at its end: keep BACNET_PRINT_OVERRUN bytes writable behind `size`
+ * for any of them, or give the room the whole text needs.
  */
 #ifndef BACFMT_PRINT_H
 #define BACFMT_PRINT_H
@@ -20,6 +28,10 @@ extern "C" {
 /* Size of the static buffer behind BACnetPrintContents. */
 #define BACNET_PRINT_BUFFER_SIZE 524288
 
+/* The most any printer writes past `size`: a double's "%f" text (317
+ * characters and the terminator) written whole at size 13. */
+#define BACNET_PRINT_OVERRUN 305
+
 /* prefixMode: 0 none, 1 "[tag] " before primitive values, 2 before every value. */
 BACFMT_API int BACnetSPrintContents(char *dst, int size, const BACnetContents *contents,
                                     uint32_t propertyId, uint8_t symbolic, uint8_t prefixMode);
@@ -27,7 +39,8 @@ BACFMT_API int BACnetSPrintContents(char *dst, int size, const BACnetContents *c
 BACFMT_API char *BACnetPrintContents(const BACnetContents *contents, uint32_t propertyId,
                                      uint8_t symbolic);
 BACFMT_API char *BACnetPrintBuffer(uint32_t *sizeOut);
-/* "[tag]" when size is greater than 8, else -2. */
+/* "[tag]" when size is greater than 8, else -2 and nothing written. Writes
+ * up to 14 bytes ("[-2147483648]") once size exceeds 8. */
 BACFMT_API int BACnetSPrintTag(char *dst, int size, int tag);
 
 /* Length of what `format` would produce. */
@@ -38,18 +51,28 @@ BACFMT_API int _scprintf(const char *format, ...)
     ;
 BACFMT_API int BACnetSPrintString(char *dst, int size, const char *text);
 
-/* Primitive values. */
+/* Primitive values. The four number printers write their whole text once
+ * `size` exceeds their threshold, even past `size`, and return its length. */
+/* Writes up to 11 bytes once size exceeds 6; at 6 or less -2, nothing written. */
 BACFMT_API int BACnetSPrintUnsigned(char *dst, int size, uint32_t value);
+/* Writes up to 12 bytes once size exceeds 7; at 7 or less 0, nothing written. */
 BACFMT_API int BACnetSPrintSigned(char *dst, int size, int32_t value);
 BACFMT_API int BACnetSPrintBoolean(char *dst, int size, uint8_t value, uint8_t symbolic);
+/* "%f". Writes up to 48 bytes once size exceeds 12; at 12 or less -2,
+ * nothing written. */
 BACFMT_API int BACnetSPrintReal(char *dst, int size, float value);
+/* "%f". Writes up to 318 bytes once size exceeds 12; at 12 or less -2,
+ * nothing written. */
 BACFMT_API int BACnetSPrintDouble(char *dst, int size, double value);
 /* mode 0 number; 1 "n => name"; 2 "n => name (n)"; 3 as 1, load-control
- * names for present-value. */
+ * names for present-value. The name is copied with the whole `size` as its
+ * room, behind the number and " => ": up to 15 bytes past `size`. */
 BACFMT_API int BACnetSPrintEnum(char *dst, int size, uint32_t value, uint32_t propertyId,
                                 uint8_t mode);
 BACFMT_API int BACnetSPrintBitString(char *dst, int size, const BACnetBitString *value,
                                      uint32_t propertyId, uint8_t symbolic);
+/* Accepts size 2 + 2 * length exactly, and then writes its terminator one
+ * byte past `size`. */
 BACFMT_API int BACnetSPrintHex(char *dst, int size, const uint8_t *octets, uint32_t length);
 BACFMT_API int BACnetSPrintOctetString(char *dst, int size, const BACnetOctetString *value);
 BACFMT_API int BACnetSPrintRawASN1(char *dst, int size, const BACnetRawASN1 *value);

@@ -27,12 +27,15 @@ uint32_t UnitAt(const void *chars, int unitBytes, size_t index) {
 
 // Encodes the units until the first zero unit; characters that do not fit
 // are skipped and the later ones still tried. Returns the bytes written.
+// The walk also ends at the element's buffer size: scanned strings of the
+// wide sets end in a single zero byte, so their last unit may reach past it.
 uint32_t EncodeUnits(const BACnetCharString &s, char *dst, uint32_t capacity) {
     const int unitBytes = CharsetUnitBytes(s.charSet);
     uint32_t written = 0;
     if (capacity > 0) dst[0] = '\0';
     if (unitBytes == 0 || s.chars == nullptr) return 0;
-    for (size_t i = 0;; ++i) {
+    const size_t units = s.bufferSize / static_cast<uint32_t>(unitBytes);
+    for (size_t i = 0; i < units; ++i) {
         const uint32_t code = UnitAt(s.chars, unitBytes, i);
         if (code == 0) break;
         auto *at = reinterpret_cast<uint8_t *>(dst + written);

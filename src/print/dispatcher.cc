@@ -14,7 +14,10 @@ namespace {
 // The time-stamp property always shows the datatype of its value.
 constexpr uint32_t kPropertyTimeStampPrefixed = 174;
 
-char printBuffer[BACNET_PRINT_BUFFER_SIZE];
+// The printers may write past the capacity they are given (the number
+// printers' fixed thresholds); the static buffer keeps that much room
+// behind the capacity it hands out.
+char printBuffer[BACNET_PRINT_BUFFER_SIZE + BACNET_PRINT_OVERRUN];
 
 // Writes the "[n] " prefix that prefixMode asks for; 0 when there is none.
 int WritePrefix(Writer &out, uint32_t code, bool primitive, uint8_t prefixMode) {
@@ -95,20 +98,20 @@ extern "C" int BACnetSPrintContents(char *dst, int size, const BACnetContents *c
 extern "C" char *BACnetPrintContents(const BACnetContents *contents, uint32_t propertyId,
                                      uint8_t symbolic) {
     printBuffer[0] = '\0';
-    BACnetSPrintContents(printBuffer, sizeof printBuffer, contents, propertyId, symbolic, 0);
+    BACnetSPrintContents(printBuffer, BACNET_PRINT_BUFFER_SIZE, contents, propertyId, symbolic, 0);
     return printBuffer;
 }
 
 extern "C" char *BACnetPrintBuffer(uint32_t *sizeOut) {
-    if (sizeOut != nullptr) *sizeOut = sizeof printBuffer;
+    if (sizeOut != nullptr) *sizeOut = BACNET_PRINT_BUFFER_SIZE;
     return printBuffer;
 }
 
 extern "C" int BACnetSPrintTag(char *dst, int size, int tag) {
-    // A fixed threshold, no measuring; a tag too long for the room past the
-    // threshold is refused rather than written beyond it.
+    // A fixed threshold, no measuring: past it the tag is written whole,
+    // up to "[-2147483648]", however small the room.
     if (size <= 8) return kNoRoom;
     char text[16];
     const int length = std::snprintf(text, sizeof text, "[%d]", tag);
-    return Writer(dst, size).Chars(text, length);
+    return WriteWhole(dst, text, length);
 }

@@ -1,7 +1,9 @@
 // Printers of numbers and octets. Several use a fixed capacity threshold
 // instead of measuring; the thresholds are part of the contract. A number
-// that passes its threshold but is still longer than the room is refused
-// with -2 rather than written past the end.
+// that passes its threshold is written whole, also where it is longer than
+// the room: callers that add up parts count on the number's full length,
+// and the public header tells every caller how far past `size` each
+// printer may write.
 #include <cstdint>
 #include <cstring>
 
@@ -33,7 +35,7 @@ int PrintFixed(char *dst, int size, double value) {
         if (!(value != static_cast<double>(SpecialReal(i))))
             return BACnetSPrintString(dst, size, kSpecialTexts[i]);
     char text[kFixedBufferSize];
-    return Writer(dst, size).Chars(text, FormatFixed(text, value));
+    return WriteWhole(dst, text, FormatFixed(text, value));
 }
 
 }  // namespace
@@ -44,7 +46,7 @@ using namespace bacfmt;
 extern "C" int BACnetSPrintUnsigned(char *dst, int size, uint32_t value) {
     if (size <= 6) return kNoRoom;
     char text[16];
-    return Writer(dst, size).Chars(text, FormatUnsigned(text, value));
+    return WriteWhole(dst, text, FormatUnsigned(text, value));
 }
 
 extern "C" int BACnetSPrintSigned(char *dst, int size, int32_t value) {
@@ -52,7 +54,7 @@ extern "C" int BACnetSPrintSigned(char *dst, int size, int32_t value) {
     // that add up parts rely on a short room costing nothing.
     if (size <= 7) return 0;
     char text[16];
-    return Writer(dst, size).Chars(text, FormatSigned(text, value));
+    return WriteWhole(dst, text, FormatSigned(text, value));
 }
 
 extern "C" int BACnetSPrintBoolean(char *dst, int size, uint8_t value, uint8_t symbolic) {

@@ -62,6 +62,13 @@ int Writer::Chars(const char *chars, int length) {
     return Step(length);
 }
 
+int WriteWhole(char *dst, const char *text, int length) {
+    if (length < 0) return length;
+    std::memcpy(dst, text, static_cast<size_t>(length));
+    dst[length] = '\0';
+    return length;
+}
+
 int FormatUnsigned(char (&out)[16], uint32_t value) {
     return static_cast<int>(std::to_chars(out, out + sizeof out, value).ptr - out);
 }

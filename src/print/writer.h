@@ -5,7 +5,10 @@
 // strictly inside the room; a piece that does not fit answers -2 and leaves
 // the text written so far terminated. The writer never writes past the end of
 // the destination on its own account; the few printers that deliberately hand
-// a nested printer more room than is left say so where they do it.
+// a nested printer more room than is left say so where they do it. The number
+// and tag printers with a fixed threshold write their whole text once the
+// threshold is passed (WriteWhole); a result longer than the room leaves
+// room() negative, and every later piece is then refused.
 #ifndef BACFMT_PRINT_WRITER_H
 #define BACFMT_PRINT_WRITER_H
 
@@ -89,6 +92,10 @@ private:
     int size_;
     int used_ = 0;
 };
+
+// Copies `length` characters and the terminator to `dst` without looking at
+// any room: for printers whose only check is a fixed threshold.
+int WriteWhole(char *dst, const char *text, int length);
 
 // Number formatting into a scratch buffer, independent of the process
 // locale and identical to printf's "%u", "%d" and "%f".

@@ -110,8 +110,11 @@ ScannedValue ScanValue(std::string_view text, const ScanRequest &request) {
 PrintedValue PrintValue(const BACnetContents &record, const PrintRequest &request) {
     // Values in value files are short; the buffer grows for long lists. Some
     // printers copy a name with the whole capacity as its bound instead of
-    // the room left, so the buffer is twice the capacity handed over.
+    // the room left, and the number printers write a whole number once the
+    // room passes their threshold, so the buffer is twice the capacity
+    // handed over, far more than the library's overrun bound.
     constexpr int kFirstCapacity = 4096;
+    static_assert(kFirstCapacity >= BACNET_PRINT_OVERRUN);
     constexpr int kLastCapacity = 32 << 20;
     const PrintableRecord printable(record);
     PrintedValue result;
