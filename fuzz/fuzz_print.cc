@@ -52,6 +52,62 @@ Reach Bound(int mostPast) {
     return reach;
 }
 
+// The exported list printers over the elements of a scanned record of
+// their type; printers that add negative parts and go on stay bounded by
+// what any printer may write past `size`.
+template <typename Element, typename Print>
+void SweepList(const BACnetContents &record, uint32_t code, Print print) {
+    if (record.type != code || record.data == nullptr) return;
+    const auto *elements = static_cast<const Element *>(record.data);
+    SweepSizes([&](char *dst, int n) { return print(dst, n, elements, record.count); }, Bound(BACNET_PRINT_OVERRUN));
+}
+
+void PrintLists(const BACnetContents &record, int names) {
+    const auto symbolic = static_cast<uint8_t>(names);
+    SweepList<BACnetCalendarEntry>(record, CT_CALENDAR_ENTRY, [](char *d, int n, auto *e, uint32_t c) {
+        return BACnetSPrintCalendarEntryList(d, n, e, c);
+    });
+    SweepList<BACnetTimeValue>(record, CT_TIME_VALUE, [names](char *d, int n, auto *e, uint32_t c) {
+        return BACnetSPrintTimeValueList(d, n, e, c, names);
+    });
+    SweepList<BACnetTimeStamp>(record, CT_TIME_STAMP, [](char *d, int n, auto *e, uint32_t c) {
+        return BACnetSPrintTimeStampList(d, n, e, c, 0);
+    });
+    SweepList<BACnetDailySchedule>(record, CT_DAILY_SCHEDULE, [names](char *d, int n, auto *e, uint32_t c) {
+        return BACnetSPrintDailyScheduleList(d, n, e, 0, names, c);
+    });
+    SweepList<BACnetSpecialEvent>(record, CT_SPECIAL_EVENT, [names](char *d, int n, auto *e, uint32_t c) {
+        return BACnetSPrintSpecialEventList(d, n, e, 0, names, c);
+    });
+    SweepList<BACnetObjectID>(record, CT_OBJECT_ID, [names](char *d, int n, auto *e, uint32_t c) {
+        return BACnetSPrintObjectList(d, n, e, c, names);
+    });
+    SweepList<BACnetObjPropReference>(record, CT_OBJ_PROP_REFERENCE, [names](char *d, int n, auto *e, uint32_t c) {
+        return BACnetSPrintObjPropRefList(d, n, e, names, c);
+    });
+    SweepList<BACnetDevObjReference>(record, CT_DEV_OBJ_REFERENCE, [names](char *d, int n, auto *e, uint32_t c) {
+        return BACnetSPrintDevObjRefList(d, n, e, names, c);
+    });
+    SweepList<BACnetDevObjPropReference>(record, CT_DEV_OBJ_PROP_REFERENCE, [names](char *d, int n, auto *e, uint32_t c) {
+        return BACnetSPrintDevObjPropRefList(d, n, e, names, c);
+    });
+    SweepList<BACnetReadAccessSpec>(record, CT_READ_ACCESS_SPEC, [symbolic](char *d, int n, auto *e, uint32_t c) {
+        return BACnetSPrintGroup(d, n, e, symbolic, c);
+    });
+    SweepList<BACnetReadAccessResult>(record, CT_READ_ACCESS_RESULT, [symbolic](char *d, int n, auto *e, uint32_t c) {
+        return BACnetSPrintGroupRes(d, n, e, symbolic, c);
+    });
+    if (record.type == CT_READ_ACCESS_RESULT && record.data != nullptr) {
+        const auto *result = static_cast<const BACnetReadAccessResult *>(record.data);
+        if (result->count > 0 && result->items != nullptr)
+            SweepSizes([&](char *d, int n) { return BACnetSPrintRawResult(d, n, result->items, symbolic); },
+                       Bound(BACNET_PRINT_OVERRUN));
+    }
+    SweepList<BACnetPriArrayItem>(record, CT_PRI_ARRAY_ITEM, [](char *d, int n, auto *e, uint32_t c) {
+        return c >= 16 ? BACnetSPrintPriArray(d, n, e) : 0;
+    });
+}
+
 // Records of every row of the datatype table, scanned from the text.
 void PrintScanned(const bacfmt::DatatypeInfo &row, unsigned flags, const uint8_t *data, size_t size) {
     std::string text(reinterpret_cast<const char *>(data), size);
@@ -74,6 +130,7 @@ void PrintScanned(const bacfmt::DatatypeInfo &row, unsigned flags, const uint8_t
                 return BACnetSPrintAction(dst, n, static_cast<const BACnetActionList *>(record->data), symbolic,
                                           record->count);
             }, Bound(BACNET_PRINT_OVERRUN));
+        PrintLists(*record, symbolic);
 
         // The static buffer holds the same text as a caller's buffer.
         char own[4096];
@@ -92,6 +149,81 @@ BACnetCharString MakeString(Bytes &in, std::vector<uint8_t> &storage) {
     // Whole units of any width, then a zero unit.
     storage.resize((storage.size() + 3) / 4 * 4 + 4, 0);
     return BACnetCharString{set, 0, static_cast<uint32_t>(storage.size()), storage.data()};
+}
+
+// The service request summaries from raw fields. They keep 8-bit (16-bit)
+// positions and write some pieces without looking at `size`: they are
+// checked for staying within the room their header asks for, a one-line
+// summary of 256 bytes (64 kB for the multiple-access ones).
+void PrintSummaries(Bytes &in) {
+    constexpr int kSummaryPast = 256;
+    auto sweep = [](auto print) { SweepSizes(print, Bound(kSummaryPast)); };
+    const ObjectIdInfo object{in.Take<uint32_t>() % 1100, in.Take<uint32_t>()};
+    const uint32_t property = in.Take<uint16_t>();
+    const int32_t index = in.Take<int8_t>();
+    sweep([&](char *d, int n) { return SPrintObjectId(d, n, &object); });
+    AddressInfo address = in.Take<AddressInfo>();
+    address.macLength = static_cast<uint8_t>(address.macLength % 12);
+    sweep([&](char *d, int n) { return SPrintAddress(d, n, &address); });
+    BACnetDateTime when{};
+    when.date.year = static_cast<uint16_t>(in.Take<uint16_t>() % 10000);
+    when.date.month = in.Take<uint8_t>();
+    when.date.day = in.Take<uint8_t>();
+    when.date.dayOfWeek = in.Take<uint8_t>() % 8;
+    when.time = in.Take<BACnetTime>();
+    sweep([&](char *d, int n) { return SPrintDate(d, n, &when.date); });
+    sweep([&](char *d, int n) { return SPrintTime(d, n, &when.time); });
+    sweep([&](char *d, int n) { return SPrintDateTime(d, n, &when); });
+    const ReadInfo read{object, property, index};
+    sweep([&](char *d, int n) { return SPrintReadInfo(d, n, &read); });
+    WriteInfo write{};
+    write.object = object;
+    write.propertyId = property;
+    write.arrayIndex = index;
+    sweep([&](char *d, int n) { return SPrintWriteInfo(d, n, &write); });
+    ReadRangeInfo range{};
+    range.object = object;
+    range.propertyId = property;
+    range.arrayIndex = index;
+    range.rangeKind = in.Take<uint8_t>() % 4;
+    if (range.rangeKind == BACNET_RANGE_BY_TIME) {
+        range.range.byTime.reference = when;
+        range.range.byTime.count = in.Take<int16_t>();
+    } else {
+        range.range.byPosition.referencePosition = in.Take<int16_t>();
+        range.range.byPosition.count = in.Take<uint16_t>();
+    }
+    sweep([&](char *d, int n) { return SPrintReadRangeInfo(d, n, &range); });
+    const SubsCOVInfo subscribe{in.Take<uint8_t>(), in.Take<uint32_t>(), object, in.Take<uint8_t>(), in.Take<uint32_t>()};
+    sweep([&](char *d, int n) { return SPrintSubsCOVInfo(d, n, &subscribe); });
+    const ReadFileInfo readFile{object, in.Take<uint8_t>() % 2u, in.Take<int32_t>(), in.Take<uint32_t>()};
+    sweep([&](char *d, int n) { return SPrintReadFileInfo(d, n, &readFile); });
+    WriteFileInfo writeFile{};
+    writeFile.file = object;
+    writeFile.accessKind = in.Take<uint8_t>() % 2u;
+    writeFile.start = in.Take<int32_t>();
+    writeFile.recordCount = in.Take<uint32_t>();
+    writeFile.data.length = in.Take<uint16_t>();
+    sweep([&](char *d, int n) { return SPrintWriteFileInfo(d, n, &writeFile); });
+
+    // The multiple-access summaries over a few specifications of unsigned values.
+    uint32_t number = in.Take<uint32_t>();
+    const BACnetContents value{CT_UNSIGNED, 1, &number, 4, {0, 0}};
+    const BACnetPropertyValue values[2] = {{property, BACNET_ABSENT_U32, value, BACNET_ABSENT_U32},
+                                           {85, 3, value, 8}};
+    const ReadMultipleProperty properties[2] = {{property, index}, {85, -1}};
+    const auto specCount = static_cast<uint32_t>(in.Take<uint8_t>() % 3);
+    const ReadMultipleSpec readSpecs[2] = {{object, 2, properties}, {object, 1, properties}};
+    const WriteMultipleSpec writeSpecs[2] = {{object, 2, values}, {object, 1, values}};
+    const ReadMultipleInfo readMultiple{specCount, readSpecs};
+    const WriteMultipleInfo writeMultiple{specCount, writeSpecs};
+    const COVNotifyInfo notify{in.Take<uint32_t>(), object, object, in.Take<uint32_t>(), values, specCount};
+    sweep([&](char *d, int n) { return SPrintReadMultipleInfo(d, n, &readMultiple); });
+    sweep([&](char *d, int n) { return SPrintWriteMultipleInfo(d, n, &writeMultiple); });
+    sweep([&](char *d, int n) { return SPrintCOVNotifyInfo(d, n, &notify); });
+
+    const BACnetErrorType error{in.Take<uint8_t>(), in.Take<uint8_t>()};
+    SweepSizes([&](char *d, int n) { return BACnetSPrintErrorType(d, n, &error); }, Bound(BACNET_PRINT_OVERRUN));
 }
 
 // Primitive values from raw bytes through every exported primitive printer.
@@ -189,6 +321,7 @@ void PrintRaw(unsigned flags, const uint8_t *data, size_t size) {
         {CT_OBJECT_ID, &oid, 1},        {CT_DATE_TIME, &dateTime, 1},      {CT_OPTIONAL_CHARACTER_STRING, strings, 2},
         {CT_ASN1_FIRST + flags % 4, &raw, 1},
     };
+    PrintSummaries(in);
     const auto prefix = static_cast<uint8_t>(flags / 4 % 3);
     for (const auto &r : records) {
         const BACnetContents record{r.code, r.count, const_cast<void *>(r.data), 0, {0, 0}};
