@@ -119,6 +119,12 @@ private:
     bool started_ = false;
     char *first_ = nullptr;
     char *rest_ = nullptr;
+    // The terminator of the text behind rest_: later elements are split
+    // off without measuring the rest again, which keeps the walk linear.
+    // Between calls of Next() the caller leaves the text behind the element
+    // it got as the walk left it (writing the original bytes back is
+    // noticed and measured again).
+    char *end_ = nullptr;
 };
 
 }  // namespace bacfmt
