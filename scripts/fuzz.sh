@@ -14,13 +14,13 @@ trap 'rm -rf "$scratch"' EXIT
 
 if ! { CC=clang CXX=clang++ cmake -S "$root" -B "$build" -DBACFMT_BUILD_FUZZ=ON -DBACFMT_SANITIZE=ON \
          -DBACFMT_WERROR=ON -DBACFMT_BUILD_TESTS=OFF -DBACFMT_BUILD_TOOL=OFF &&
-       cmake --build "$build" -j2 --target fuzz_scan_contents fuzz_lexical; } >"$scratch/build.log" 2>&1; then
+       cmake --build "$build" -j2 --target fuzz_scan_contents fuzz_lexical fuzz_walk_differential; } >"$scratch/build.log" 2>&1; then
   tail -n 40 "$scratch/build.log"
   exit 1
 fi
 export ASAN_OPTIONS=${ASAN_OPTIONS:-detect_leaks=1}
 export UBSAN_OPTIONS=${UBSAN_OPTIONS:-print_stacktrace=1:halt_on_error=1}
-for pair in fuzz_scan_contents:scan fuzz_lexical:lexical; do
+for pair in fuzz_scan_contents:scan fuzz_lexical:lexical fuzz_walk_differential:walk; do
   target=${pair%%:*}
   corpus=${pair##*:}
   mkdir -p "$scratch/$corpus"
