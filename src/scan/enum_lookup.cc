@@ -5,6 +5,7 @@
 #include <bacfmt/scan.h>
 
 #include "scan/lexical.h"
+#include "scan/name_index.h"
 #include "scan/numbers.h"
 
 namespace bacfmt {
@@ -34,16 +35,6 @@ uint32_t TableOf(uint32_t selector) {
 bool EnsureTables() {
     if (pStringTableInfo == nullptr) BACnetGetStringTableInfo(&pStringTableInfo);
     return pStringTableInfo != nullptr;
-}
-
-int32_t IndexOfName(const BACnetStringTable &table, const char *text, bool exactCase) {
-    for (uint32_t i = 0; i < table.nameCount; ++i) {
-        const char *name = table.names[i];
-        if (name == nullptr) continue;  // a value without a name
-        if ((exactCase ? std::strcmp(name, text) : str_i_cmp(name, text)) == 0)
-            return static_cast<int32_t>(i);
-    }
-    return BACNET_ENUM_UNKNOWN;
 }
 
 // The number that "proprietary-N" spells, or -255 when the text has no
@@ -98,7 +89,7 @@ extern "C" int32_t BACnetGetEnumValue(char *text, uint32_t selector, uint32_t /*
     for (uint32_t i = 0; i < pStringTableInfo->tableCount; ++i) {
         const BACnetStringTable &candidate = pStringTableInfo->tables[i];
         if (candidate.tableId != table) continue;
-        const int32_t index = IndexOfName(candidate, text, exactCase != 0);
+        const int32_t index = IndexedNameLookup(i, candidate, text, exactCase != 0);
         if (index != BACNET_ENUM_UNKNOWN) return index;
         const int32_t proprietary = ProprietaryNumber(text);
         if (proprietary != BACNET_ENUM_UNKNOWN) return proprietary;

@@ -1,0 +1,89 @@
+#include "scan/name_index.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "scan/lexical.h"
+
+namespace bacfmt {
+namespace {
+
+// Room for the indexes of every table: no allocation, so a set larger than
+// this is partly searched the straightforward way.
+constexpr std::size_t kPoolEntries = 16384;
+constexpr std::size_t kIndexedTables = 512;
+
+uint16_t pool[kPoolEntries];
+std::size_t poolUsed = 0;
+
+struct TableIndex {
+    bool built = false;
+    bool usable = false;
+    const char *const *names = nullptr;  // the table the index was built for
+    uint32_t nameCount = 0;
+    const uint16_t *sorted = nullptr;
+    std::size_t entries = 0;
+};
+TableIndex indexes[kIndexedTables];
+
+// Case-insensitive order of the names, equal names by value.
+struct ByName {
+    const char *const *names;
+    bool operator()(uint16_t a, uint16_t b) const {
+        const int order = str_i_cmp(names[a], names[b]);
+        return order != 0 ? order < 0 : a < b;
+    }
+};
+
+void Build(TableIndex &index, const BACnetStringTable &table) {
+    index.built = true;
+    index.names = table.names;
+    index.nameCount = table.nameCount;
+    if (table.names == nullptr || table.nameCount > UINT16_MAX + 1u) return;
+    std::size_t entries = 0;
+    for (uint32_t i = 0; i < table.nameCount; ++i) entries += table.names[i] != nullptr ? 1 : 0;
+    if (entries > kPoolEntries - poolUsed) return;
+    uint16_t *sorted = pool + poolUsed;
+    std::size_t at = 0;
+    for (uint32_t i = 0; i < table.nameCount; ++i)
+        if (table.names[i] != nullptr) sorted[at++] = static_cast<uint16_t>(i);
+    std::sort(sorted, sorted + entries, ByName{table.names});
+    poolUsed += entries;
+    index.sorted = sorted;
+    index.entries = entries;
+    index.usable = true;
+}
+
+}  // namespace
+
+int32_t LinearNameLookup(const BACnetStringTable &table, const char *text, bool exactCase) {
+    for (uint32_t i = 0; i < table.nameCount; ++i) {
+        const char *name = table.names[i];
+        if (name == nullptr) continue;  // a value without a name
+        if ((exactCase ? std::strcmp(name, text) : str_i_cmp(name, text)) == 0)
+            return static_cast<int32_t>(i);
+    }
+    return BACNET_ENUM_UNKNOWN;
+}
+
+int32_t IndexedNameLookup(std::size_t tableNumber, const BACnetStringTable &table, const char *text,
+                          bool exactCase) {
+    if (tableNumber >= kIndexedTables) return LinearNameLookup(table, text, exactCase);
+    TableIndex &index = indexes[tableNumber];
+    if (!index.built) Build(index, table);
+    if (!index.usable || index.names != table.names || index.nameCount != table.nameCount)
+        return LinearNameLookup(table, text, exactCase);
+
+    const uint16_t *end = index.sorted + index.entries;
+    const uint16_t *found = std::lower_bound(index.sorted, end, text, [&](uint16_t entry, const char *key) {
+        return str_i_cmp(table.names[entry], key) < 0;
+    });
+    // Equal names follow one another by value: the first is the lowest, and
+    // with exact case the first that also matches byte for byte.
+    for (; found != end && str_i_cmp(table.names[*found], text) == 0; ++found) {
+        if (!exactCase || std::strcmp(table.names[*found], text) == 0) return *found;
+    }
+    return BACNET_ENUM_UNKNOWN;
+}
+
+}  // namespace bacfmt
