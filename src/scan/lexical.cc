@@ -291,8 +291,10 @@ Split SplitLinear(char *text, char *end) {
     return split;
 }
 
-// The characters that make a text more than one plain element.
+// The characters that make a text more than one plain element, and those
+// that make a group more than a plain comma list.
 constexpr const char kStructure[] = ",(){}\"'`";
+constexpr const char kGroupStructure[] = "(){}\"'`";
 
 // The number of a choice tag's text.
 int ChoiceNumber(char *tag, int32_t selector) {
@@ -487,6 +489,16 @@ char *my_str_str(char *text, const char *pattern) {
         if (opener == '\0' && std::strncmp(p, pattern, patternLength) == 0) return p;
     }
     return nullptr;
+}
+
+char *PlainGroupContent(char *text) {
+    if (useReferenceWalk || text == nullptr || text[0] != '(') return nullptr;
+    const std::size_t closer = 1 + std::strcspn(text + 1, kGroupStructure);
+    elementWalkBytes += closer;
+    if (closer < 2 || text[closer] != ')' || text[closer + 1] != '\0' || closer + 1 >= kBackupStringSize)
+        return nullptr;
+    text[closer] = '\0';
+    return text + 1;
 }
 
 ElementList::ElementList(char *text) {

@@ -94,6 +94,14 @@ int SScanHexByte(const char *text, uint8_t *dst, int maxCount);
 // First occurrence of `pattern` outside quotes, or null.
 char *my_str_str(char *text, const char *pattern);
 
+// The content of a text that is one plain group, "(a,b)": a "(" first, a
+// ")" last and nothing between that brackets or quotes, at least one byte
+// of content, shorter than the backup buffer. Its closer is cut, as
+// DeBracket cuts it; null (nothing cut) for any other text. The group
+// scanners take such a text directly instead of splitting it, restoring it
+// and stripping its brackets, which leaves the same content.
+char *PlainGroupContent(char *text);
+
 // The element walk that the scanners share. It splits like ParseElement,
 // descending into a single bracketed group, but remembers the level where
 // the elements were counted, so that the elements of "(1,2,3)" can be

@@ -26,11 +26,27 @@ struct TableIndex {
 };
 TableIndex indexes[kIndexedTables];
 
+unsigned char Upper(char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return byte >= 'a' && byte <= 'z' ? static_cast<unsigned char>(byte - 'a' + 'A') : byte;
+}
+
+// The sign of str_i_cmp, without measuring the longer text: ASCII case
+// ignored, bytes unsigned, a prefix first.
+int OrderIgnoringCase(const char *a, const char *b) {
+    for (;; ++a, ++b) {
+        const unsigned char x = Upper(*a);
+        const unsigned char y = Upper(*b);
+        if (x != y) return x < y ? -1 : 1;
+        if (x == 0) return 0;
+    }
+}
+
 // Case-insensitive order of the names, equal names by value.
 struct ByName {
     const char *const *names;
     bool operator()(uint16_t a, uint16_t b) const {
-        const int order = str_i_cmp(names[a], names[b]);
+        const int order = OrderIgnoringCase(names[a], names[b]);
         return order != 0 ? order < 0 : a < b;
     }
 };
@@ -76,11 +92,11 @@ int32_t IndexedNameLookup(std::size_t tableNumber, const BACnetStringTable &tabl
 
     const uint16_t *end = index.sorted + index.entries;
     const uint16_t *found = std::lower_bound(index.sorted, end, text, [&](uint16_t entry, const char *key) {
-        return str_i_cmp(table.names[entry], key) < 0;
+        return OrderIgnoringCase(table.names[entry], key) < 0;
     });
     // Equal names follow one another by value: the first is the lowest, and
     // with exact case the first that also matches byte for byte.
-    for (; found != end && str_i_cmp(table.names[*found], text) == 0; ++found) {
+    for (; found != end && OrderIgnoringCase(table.names[*found], text) == 0; ++found) {
         if (!exactCase || std::strcmp(table.names[*found], text) == 0) return *found;
     }
     return BACNET_ENUM_UNKNOWN;
