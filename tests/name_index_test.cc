@@ -72,4 +72,21 @@ TEST(NameIndex, KeepsTheTieRulesOfTheLinearSearch) {
     EXPECT_EQ(IndexedNameLookup(privateSlot, table, "NORMAL", true), 3);   // the lowest exact one
 }
 
+TEST(NameIndex, FindsTheTablesOfAnIdentifierInTheSetsOrder) {
+    const BACnetStringTableInfo *info = nullptr;
+    BACnetGetStringTableInfo(&info);
+    ASSERT_NE(info, nullptr);
+    std::vector<uint32_t> ids = {0xFFFFFFFFu, 1000000u};  // identifiers of no table
+    for (uint32_t t = 0; t < info->tableCount; ++t) ids.push_back(info->tables[t].tableId);
+    for (uint32_t id : ids) {
+        std::vector<uint32_t> expected;
+        for (uint32_t t = 0; t < info->tableCount; ++t)
+            if (info->tables[t].tableId == id) expected.push_back(t);
+        const uint16_t *first = nullptr;
+        const uint16_t *last = nullptr;
+        ASSERT_TRUE(TablesWithId(*info, id, &first, &last));
+        EXPECT_EQ(std::vector<uint32_t>(first, last), expected) << "identifier " << id;
+    }
+}
+
 }  // namespace

@@ -70,7 +70,39 @@ void Build(TableIndex &index, const BACnetStringTable &table) {
     index.usable = true;
 }
 
+// An identifier, or the identifier of a table number (for equal_range).
+uint32_t IdOf(const BACnetStringTableInfo &, uint32_t id) { return id; }
+uint32_t IdOf(const BACnetStringTableInfo &set, uint16_t number) { return set.tables[number].tableId; }
+
+// The set's tables by identifier, equal identifiers in the set's order.
+const BACnetStringTableInfo *indexedSet = nullptr;
+const BACnetStringTable *indexedTables = nullptr;
+uint16_t tablesById[kIndexedTables];
+std::size_t tablesIndexed = 0;
+
 }  // namespace
+
+bool TablesWithId(const BACnetStringTableInfo &set, uint32_t id, const uint16_t **first,
+                  const uint16_t **last) {
+    if (indexedSet == nullptr) {
+        if (set.tableCount > kIndexedTables) return false;
+        indexedSet = &set;
+        indexedTables = set.tables;
+        tablesIndexed = set.tableCount;
+        for (std::size_t i = 0; i < tablesIndexed; ++i) tablesById[i] = static_cast<uint16_t>(i);
+        std::sort(tablesById, tablesById + tablesIndexed, [&](uint16_t a, uint16_t b) {
+            const uint32_t idA = set.tables[a].tableId;
+            const uint32_t idB = set.tables[b].tableId;
+            return idA != idB ? idA < idB : a < b;
+        });
+    }
+    if (indexedSet != &set || indexedTables != set.tables || tablesIndexed != set.tableCount) return false;
+    const auto range = std::equal_range(tablesById, tablesById + tablesIndexed, id,
+                                        [&](const auto &a, const auto &b) { return IdOf(set, a) < IdOf(set, b); });
+    *first = range.first;
+    *last = range.second;
+    return true;
+}
 
 int32_t LinearNameLookup(const BACnetStringTable &table, const char *text, bool exactCase) {
     for (uint32_t i = 0; i < table.nameCount; ++i) {

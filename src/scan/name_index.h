@@ -24,6 +24,13 @@ int32_t LinearNameLookup(const BACnetStringTable &table, const char *text, bool 
 int32_t IndexedNameLookup(std::size_t tableNumber, const BACnetStringTable &table, const char *text,
                           bool exactCase);
 
+// The numbers of the tables of `set` whose identifier is `id`, in the set's
+// order, through an index of the identifiers built on first use: [*first,
+// *last). False for a set too large for the index (or another set than the
+// one indexed): the caller then loops over the set itself.
+bool TablesWithId(const BACnetStringTableInfo &set, uint32_t id, const uint16_t **first,
+                  const uint16_t **last);
+
 }  // namespace bacfmt
 
 #endif  // BACFMT_SCAN_NAME_INDEX_H
