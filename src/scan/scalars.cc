@@ -48,6 +48,12 @@ constexpr SpecialReal kSpecialReals[] = {
 // single-precision pattern, widened for Double (where they stay NaNs).
 template <typename Floating>
 int ReadFloating(char *text, Floating &value) {
+    // Every special text holds a '#' or an 'I': one look for those spares
+    // the three searches in the common case.
+    if (std::strpbrk(text, "#I") == nullptr) {
+        value = static_cast<Floating>(TextToDouble(text));
+        return 0;
+    }
     for (const SpecialReal &special : kSpecialReals) {
         if (std::strstr(text, special.text) == nullptr) continue;
         float pattern;
