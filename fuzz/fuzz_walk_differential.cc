@@ -1,12 +1,12 @@
-// Differential target of the element walk: every input is split and
-// scanned twice, once with the linear walk and once with the
-// straightforward one that defines the results, and both must agree on
-// everything a caller can see: element counts and texts, the NUL bytes left
-// in the text, the dispatcher's results, records and payload bytes.
+// Differential target of the scanners' faster paths: every input is split
+// and scanned twice, once with the linear element walk and the other faster
+// paths, once with the straightforward ones that define the results (see
+// scan/element_walk.h), and both must agree on everything a caller can see:
+// element counts and texts, the NUL bytes left in the text, the
+// dispatcher's results, records and payload bytes.
 //
-// Input as for fuzz_scan_contents (whose seeds it shares): one byte that
-// chooses the datatype code, one the hint, expected count and separate
-// lists, then the text.
+// Input as for fuzz_scan_contents: one byte that chooses the datatype
+// code, one the hint and expected count, then the text.
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -45,7 +45,7 @@ long OffsetIn(const std::vector<uint8_t> &text, const char *p) {
 }
 
 Walked Walk(Text &source, bool reference) {
-    useReferenceWalk = reference;
+    useReferencePaths = reference;
     Walked walked;
     walked.text = source.bytes;
     char *text = reinterpret_cast<char *>(walked.text.data());
@@ -60,7 +60,7 @@ Walked Walk(Text &source, bool reference) {
         walked.offsets.push_back(OffsetIn(walked.text, element));
         if (element == nullptr) break;
     }
-    useReferenceWalk = false;
+    useReferencePaths = false;
     return walked;
 }
 
@@ -73,7 +73,7 @@ struct Parsed {
 };
 
 Parsed Parse(Text &source, bool reference) {
-    useReferenceWalk = reference;
+    useReferencePaths = reference;
     Parsed parsed;
     parsed.text = source.bytes;
     char *text = reinterpret_cast<char *>(parsed.text.data());
@@ -83,7 +83,7 @@ Parsed Parse(Text &source, bool reference) {
     parsed.result = ParseElement(text, &first, &rest);
     parsed.first = OffsetIn(parsed.text, first);
     parsed.rest = OffsetIn(parsed.text, rest);
-    useReferenceWalk = false;
+    useReferencePaths = false;
     return parsed;
 }
 
@@ -98,7 +98,7 @@ struct Scanned {
 // pointers inside the payload compare equal).
 Scanned Scan(Text &source, uint32_t type, int32_t hint, int32_t expected, bool reference,
              std::vector<uint8_t> &block) {
-    useReferenceWalk = reference;
+    useReferencePaths = reference;
     Scanned scanned;
     scanned.text = source.bytes;
     char *text = reinterpret_cast<char *>(scanned.text.data());
@@ -118,7 +118,7 @@ Scanned Scan(Text &source, uint32_t type, int32_t hint, int32_t expected, bool r
         scanned.filled = BACnetSScanContents(text, &slot, expected, 0, &tail, 0, hint);
         scanned.block = block;
     }
-    useReferenceWalk = false;
+    useReferencePaths = false;
     return scanned;
 }
 

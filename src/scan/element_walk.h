@@ -53,9 +53,11 @@ Split SplitDescending(char *text);
 // it to show that the walk stays linear in the text without timing it.
 extern std::size_t elementWalkBytes;
 
-// Makes ElementList and ParseElement run the straightforward walk instead:
-// the differential fuzz target scans every input both ways.
-extern bool useReferenceWalk;
+// Makes the scanners take their straightforward paths instead of the
+// faster ones (the walk, plain single values and groups, the name and
+// table indexes, the look for special reals): the differential fuzz target
+// scans every input both ways.
+extern bool useReferencePaths;
 
 }  // namespace bacfmt
 

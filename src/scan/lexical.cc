@@ -14,7 +14,7 @@ namespace bacfmt {
 char backupString[kBackupStringSize];
 char strBackup[kStrBackupSize];
 std::size_t elementWalkBytes = 0;
-bool useReferenceWalk = false;
+bool useReferencePaths = false;
 
 namespace {
 
@@ -86,16 +86,23 @@ Level WalkLevel(char *text, char *&end, Chain *chain) {
     auto mark = [&](std::size_t at) {
         if (level.start == nullptr) level.start = text + at;
     };
+    // A quote ends at its own unescaped quote character or at a line end.
+    auto closesQuote = [&](std::size_t at) {
+        return (text[at] == closer && text[at - 1] != '\\') || text[at] == '\r' || text[at] == '\n';
+    };
     std::size_t i = 0;
     for (; i < length; ++i) {
-        const char c = text[i];
         if (mode == Mode::Word) {
-            if (!EndsWord(c)) continue;
+            while (i < length && !EndsWord(text[i])) ++i;
+            if (i == length) break;
             mode = Mode::Outside;  // the same byte is examined outside
         } else if (mode == Mode::Quoted) {
-            if ((c == closer && text[i - 1] != '\\') || c == '\r' || c == '\n') mode = Mode::Outside;
+            while (i < length && !closesQuote(i)) ++i;
+            if (i == length) break;
+            mode = Mode::Outside;
             continue;
         }
+        const char c = text[i];
         switch (c) {
         case '\t': case '\n': case '\r': case ' ':
             break;
@@ -338,9 +345,12 @@ int IsQuote(char c) {
     if (c == QuoteString[0] || c == SingleQuoteString[0]) return Byte(c);
     // The acute accent is looked for inside the one-byte text made of `c`,
     // where its two bytes can never occur: the accent that the string
-    // printer may write is not a quote for any scanner.
-    const char alone[2] = {c, '\0'};
-    return std::strstr(alone, AccentGraveString) != nullptr ? Byte(c) : 0;
+    // printer may write is not a quote for any scanner. That search, done
+    // by the accent's length: an empty accent is found in any text, a
+    // one-byte accent only as that byte, a longer one never.
+    static const std::size_t accentLength = std::strlen(AccentGraveString);
+    if (accentLength == 0) return Byte(c);
+    return accentLength == 1 && c != '\0' && c == AccentGraveString[0] ? Byte(c) : 0;
 }
 
 int IsEscapeQuote(char c) { return c == EscapeQuoteString[0] ? Byte(c) : 0; }
@@ -429,7 +439,7 @@ int ParseElement(char *text, char **first, char **rest) {
     const bool counting = first == nullptr;
     char *work = counting ? strdup(text) : text;
     if (work == nullptr) return -2;
-    const Split split = useReferenceWalk ? reference::SplitDescending(work)
+    const Split split = useReferencePaths ? reference::SplitDescending(work)
                                          : SplitLinear(work, work + std::strlen(work));
     if (split.outer.count >= 0 && !counting) {
         *first = split.outer.start;
@@ -492,7 +502,7 @@ char *my_str_str(char *text, const char *pattern) {
 }
 
 char *PlainGroupContent(char *text) {
-    if (useReferenceWalk || text == nullptr || text[0] != '(') return nullptr;
+    if (useReferencePaths || text == nullptr || text[0] != '(') return nullptr;
     const std::size_t closer = 1 + std::strcspn(text + 1, kGroupStructure);
     elementWalkBytes += closer;
     if (closer < 2 || text[closer] != ')' || text[closer + 1] != '\0' || closer + 1 >= kBackupStringSize)
@@ -513,7 +523,7 @@ ElementList::ElementList(char *text) {
     // A text without commas, brackets or quotes is one element: the walk
     // would find it starting at its first non-blank byte and cut nothing.
     const std::size_t plain = std::strcspn(text, kStructure);
-    if (text[plain] == '\0' && !useReferenceWalk) {
+    if (text[plain] == '\0' && !useReferencePaths) {
         elementWalkBytes += plain;
         count_ = 1;
         first_ = text;
@@ -522,7 +532,7 @@ ElementList::ElementList(char *text) {
         return;
     }
     char *const end = text + plain + std::strlen(text + plain);
-    const Split split = useReferenceWalk ? reference::SplitDescending(text) : SplitLinear(text, end);
+    const Split split = useReferencePaths ? reference::SplitDescending(text) : SplitLinear(text, end);
     count_ = split.outer.count < 0 ? -1 : split.count;
     first_ = split.inner.start;
     rest_ = split.inner.rest;
@@ -537,7 +547,7 @@ char *ElementList::Next() {
     }
     if (rest_ == nullptr) return nullptr;
     Level level;
-    if (useReferenceWalk) {
+    if (useReferencePaths) {
         level = reference::ScanLevel(rest_, true);
     } else {
         // The terminator found so far still ends the rest, unless the caller

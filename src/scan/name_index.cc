@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "scan/element_walk.h"
 #include "scan/lexical.h"
 
 namespace bacfmt {
@@ -84,6 +85,7 @@ std::size_t tablesIndexed = 0;
 
 bool TablesWithId(const BACnetStringTableInfo &set, uint32_t id, const uint16_t **first,
                   const uint16_t **last) {
+    if (useReferencePaths) return false;
     if (indexedSet == nullptr) {
         if (set.tableCount > kIndexedTables) return false;
         indexedSet = &set;
@@ -116,7 +118,7 @@ int32_t LinearNameLookup(const BACnetStringTable &table, const char *text, bool 
 
 int32_t IndexedNameLookup(std::size_t tableNumber, const BACnetStringTable &table, const char *text,
                           bool exactCase) {
-    if (tableNumber >= kIndexedTables) return LinearNameLookup(table, text, exactCase);
+    if (tableNumber >= kIndexedTables || useReferencePaths) return LinearNameLookup(table, text, exactCase);
     TableIndex &index = indexes[tableNumber];
     if (!index.built) Build(index, table);
     if (!index.usable || index.names != table.names || index.nameCount != table.nameCount)

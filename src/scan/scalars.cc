@@ -5,6 +5,7 @@
 
 #include <bacfmt/scan.h>
 
+#include "scan/element_walk.h"
 #include "scan/enum_lookup.h"
 #include "scan/lexical.h"
 #include "scan/numbers.h"
@@ -50,7 +51,7 @@ template <typename Floating>
 int ReadFloating(char *text, Floating &value) {
     // Every special text holds a '#' or an 'I': one look for those spares
     // the three searches in the common case.
-    if (std::strpbrk(text, "#I") == nullptr) {
+    if (!useReferencePaths && std::strpbrk(text, "#I") == nullptr) {
         value = static_cast<Floating>(TextToDouble(text));
         return 0;
     }
