@@ -1,5 +1,6 @@
 #include "scan/lexical.h"
 
+#include <array>
 #include <cstdlib>
 #include <cstring>
 
@@ -298,10 +299,26 @@ Split SplitLinear(char *text, char *end) {
     return split;
 }
 
-// The characters that make a text more than one plain element, and those
-// that make a group more than a plain comma list.
-constexpr const char kStructure[] = ",(){}\"'`";
-constexpr const char kGroupStructure[] = "(){}\"'`";
+// The bytes that make a text more than one plain element (a comma and
+// every bracket or quote), and those that make a group more than a plain
+// comma list (a bracket or quote).
+constexpr uint8_t kListStructure = 1;
+constexpr uint8_t kGroupStructure = 2;
+
+constexpr std::array<uint8_t, 256> kStructureOf = [] {
+    std::array<uint8_t, 256> table{};
+    for (unsigned char c : {'(', ')', '{', '}', '"', '\'', '`'}) table[c] = kListStructure | kGroupStructure;
+    table[static_cast<unsigned char>(',')] = kListStructure;
+    return table;
+}();
+
+// The length of the text before its first byte of `kind` (strcspn with a
+// table made once: the C library may build its table on every call).
+std::size_t PlainLength(const char *text, uint8_t kind) {
+    const char *p = text;
+    while (*p != '\0' && (kStructureOf[Byte(*p)] & kind) == 0) ++p;
+    return static_cast<std::size_t>(p - text);
+}
 
 // The number of a choice tag's text.
 int ChoiceNumber(char *tag, int32_t selector) {
@@ -348,9 +365,9 @@ int IsQuote(char c) {
     // printer may write is not a quote for any scanner. That search, done
     // by the accent's length: an empty accent is found in any text, a
     // one-byte accent only as that byte, a longer one never.
-    static const std::size_t accentLength = std::strlen(AccentGraveString);
-    if (accentLength == 0) return Byte(c);
-    return accentLength == 1 && c != '\0' && c == AccentGraveString[0] ? Byte(c) : 0;
+    const char accent = AccentGraveString[0];
+    if (accent == '\0') return Byte(c);
+    return AccentGraveString[1] == '\0' && c == accent ? Byte(c) : 0;
 }
 
 int IsEscapeQuote(char c) { return c == EscapeQuoteString[0] ? Byte(c) : 0; }
@@ -503,7 +520,7 @@ char *my_str_str(char *text, const char *pattern) {
 
 char *PlainGroupContent(char *text) {
     if (useReferencePaths || text == nullptr || text[0] != '(') return nullptr;
-    const std::size_t closer = 1 + std::strcspn(text + 1, kGroupStructure);
+    const std::size_t closer = 1 + PlainLength(text + 1, kGroupStructure);
     elementWalkBytes += closer;
     if (closer < 2 || text[closer] != ')' || text[closer + 1] != '\0' || closer + 1 >= kBackupStringSize)
         return nullptr;
@@ -522,7 +539,7 @@ ElementList::ElementList(char *text) {
     }
     // A text without commas, brackets or quotes is one element: the walk
     // would find it starting at its first non-blank byte and cut nothing.
-    const std::size_t plain = std::strcspn(text, kStructure);
+    const std::size_t plain = PlainLength(text, kListStructure);
     if (text[plain] == '\0' && !useReferencePaths) {
         elementWalkBytes += plain;
         count_ = 1;

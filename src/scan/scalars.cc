@@ -51,7 +51,9 @@ template <typename Floating>
 int ReadFloating(char *text, Floating &value) {
     // Every special text holds a '#' or an 'I': one look for those spares
     // the three searches in the common case.
-    if (!useReferencePaths && std::strpbrk(text, "#I") == nullptr) {
+    const char *mark = text;
+    while (*mark != '\0' && *mark != '#' && *mark != 'I') ++mark;
+    if (!useReferencePaths && *mark == '\0') {
         value = static_cast<Floating>(TextToDouble(text));
         return 0;
     }
