@@ -96,14 +96,14 @@ struct Outcome {
 };
 
 Outcome WalkAll(const std::string &in, bool reference) {
-    useReferenceWalk = reference;
+    useReferencePaths = reference;
     std::vector<char> text(in.begin(), in.end());
     text.push_back('\0');
     ElementList list(text.data());
     Outcome outcome{list.count(), list.firstIsGroup(), {}, {}};
     for (char *element; (element = list.Next()) != nullptr;) outcome.elements.emplace_back(element);
     outcome.text.assign(text.begin(), text.end());
-    useReferenceWalk = false;
+    useReferencePaths = false;
     return outcome;
 }
 
@@ -131,6 +131,26 @@ TEST(ElementWalk, AgreesWithTheStraightforwardWalk) {
         EXPECT_EQ(linear.firstIsGroup, straight.firstIsGroup) << text;
         EXPECT_EQ(linear.elements, straight.elements) << text;
         EXPECT_EQ(linear.text, straight.text) << text;
+    }
+}
+
+// A caller that writes the original text back between elements (as a
+// group scanner does after a trial split) gets what the straightforward walk
+// gives from the restored text.
+TEST(ElementWalk, FollowsATextWrittenBackBetweenElements) {
+    for (const char *original : {"(1,2) ,3,  4   ", "1,(2,3),4\r\n", "a,b"}) {
+        std::vector<std::string> walked[2];
+        for (bool reference : {false, true}) {
+            useReferencePaths = reference;
+            std::vector<char> text(original, original + std::strlen(original) + 1);
+            ElementList list(text.data());
+            for (char *element; (element = list.Next()) != nullptr;) {
+                walked[reference].emplace_back(element);
+                std::memcpy(text.data(), original, text.size());
+            }
+            useReferencePaths = false;
+        }
+        EXPECT_EQ(walked[0], walked[1]) << original;
     }
 }
 
