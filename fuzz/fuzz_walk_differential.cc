@@ -3,15 +3,18 @@
 // paths, once with the straightforward ones that define the results (see
 // scan/element_walk.h), and both must agree on everything a caller can see:
 // element counts and texts, the NUL bytes left in the text, the
-// dispatcher's results, records and payload bytes.
+// dispatcher's results, records (as printed, and byte for byte in
+// optimized builds) and payload bytes.
 //
 // Input as for fuzz_scan_contents: one byte that chooses the datatype
 // code, one the hint and expected count, then the text.
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <vector>
 
+#include <bacfmt/print.h>
 #include <bacfmt/scan.h>
 
 #include "datatypes/table.h"
@@ -90,34 +93,56 @@ Parsed Parse(Text &source, bool reference) {
 struct Scanned {
     std::vector<uint8_t> text;
     std::vector<uint8_t> block;
+    std::vector<char> printed;
     int sized = 0;
     int filled = 0;
 };
 
-// Both passes into `block` (the same address for both walks, so that the
-// pointers inside the payload compare equal).
+// A filled record as the printer reads it, in every mode: the values,
+// whatever padding bytes their elements carry.
+std::vector<char> Printed(const BACnetContents &record) {
+    std::vector<char> all;
+    std::vector<char> text(1 << 16);
+    for (uint8_t symbolic : {0, 1}) {
+        for (uint8_t prefix : {0, 2}) {
+            const int result = BACnetSPrintContents(text.data(), static_cast<int>(text.size()), &record, 85,
+                                                    symbolic, prefix);
+            char *end = text.data() + (result > 0 && result < static_cast<int>(text.size()) ? result : 0);
+            all.insert(all.end(), text.data(), end);
+            all.push_back('|');
+        }
+    }
+    return all;
+}
+
+// Both passes into `block`, the text in `buffer`: the same addresses for
+// both walks, so that pointers inside the payload (into the block, or into
+// the text) compare equal.
 Scanned Scan(Text &source, uint32_t type, int32_t hint, int32_t expected, bool reference,
-             std::vector<uint8_t> &block) {
+             std::vector<uint8_t> &buffer, std::vector<uint8_t> &block) {
     useReferencePaths = reference;
     Scanned scanned;
-    scanned.text = source.bytes;
-    char *text = reinterpret_cast<char *>(scanned.text.data());
+    auto fresh = [&] {
+        std::copy(source.bytes.begin(), source.bytes.end(), buffer.begin());
+        return reinterpret_cast<char *>(buffer.data());
+    };
     BACnetContents probe{};
     probe.type = type;
     BACnetContents *slot = &probe;
     void *tail = nullptr;
-    scanned.sized = BACnetSScanContents(text, &slot, expected, 0, &tail, 1, hint);
+    scanned.sized = BACnetSScanContents(fresh(), &slot, expected, 0, &tail, 1, hint);
     if (scanned.sized >= static_cast<int>(sizeof(BACnetContents)) && scanned.sized <= kLargestBlock) {
-        scanned.text = source.bytes;
-        text = reinterpret_cast<char *>(scanned.text.data());
-        block.assign(static_cast<size_t>(scanned.sized), 0);
+        char *text = fresh();
+        std::fill(block.begin(), block.begin() + scanned.sized, 0);
         auto *record = reinterpret_cast<BACnetContents *>(block.data());
         record->type = type;
         slot = record;
         tail = nullptr;
         scanned.filled = BACnetSScanContents(text, &slot, expected, 0, &tail, 0, hint);
-        scanned.block = block;
+        scanned.block.assign(block.begin(), block.begin() + scanned.sized);
+        if (scanned.filled >= 0) scanned.printed = Printed(*record);
     }
+    scanned.text = buffer;
     useReferencePaths = false;
     return scanned;
 }
@@ -154,10 +179,17 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
             parsedLinear.first == parsedStraight.first && parsedLinear.rest == parsedStraight.rest &&
             parsedLinear.text == parsedStraight.text);
 
-    std::vector<uint8_t> block;
-    const Scanned scanLinear = Scan(text, type, hint, expected, false, block);
-    const Scanned scanStraight = Scan(text, type, hint, expected, true, block);
+    std::vector<uint8_t> buffer(text.bytes.size());
+    static std::vector<uint8_t> block(kLargestBlock);  // one address for every input
+    const Scanned scanLinear = Scan(text, type, hint, expected, false, buffer, block);
+    const Scanned scanStraight = Scan(text, type, hint, expected, true, buffer, block);
     Require(scanLinear.sized == scanStraight.sized && scanLinear.filled == scanStraight.filled &&
-            scanLinear.text == scanStraight.text && scanLinear.block == scanStraight.block);
+            scanLinear.text == scanStraight.text && scanLinear.printed == scanStraight.printed);
+#ifdef __OPTIMIZE__
+    // Byte for byte too where elements are copied whole; an unoptimized
+    // build may leave different padding bytes in elements it copies, which
+    // are no part of any value.
+    Require(scanLinear.block == scanStraight.block);
+#endif
     return 0;
 }
