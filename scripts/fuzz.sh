@@ -20,7 +20,7 @@ if ! { CC=clang CXX=clang++ cmake -S "$root" -B "$build" -DBACFMT_BUILD_FUZZ=ON 
 fi
 export ASAN_OPTIONS=${ASAN_OPTIONS:-detect_leaks=1}
 export UBSAN_OPTIONS=${UBSAN_OPTIONS:-print_stacktrace=1:halt_on_error=1}
-for pair in fuzz_scan_contents:scan fuzz_lexical:lexical fuzz_walk_differential:walk; do
+for pair in fuzz_scan_contents:scan fuzz_lexical:lexical fuzz_walk_differential:walk_differential; do
   target=${pair%%:*}
   corpus=${pair##*:}
   mkdir -p "$scratch/$corpus"
