@@ -106,7 +106,9 @@ char *PlainGroupContent(char *text);
 // descending into a single bracketed group, but remembers the level where
 // the elements were counted, so that the elements of "(1,2,3)" can be
 // walked one after the other. Later elements are split off one level at a
-// time: a bracketed element comes back as its content.
+// time: a bracketed element comes back as its content. Counting and walking
+// every element costs time linear in the text, whatever the number of
+// elements and the depth of the nesting.
 class ElementList {
 public:
     explicit ElementList(char *text);
