@@ -27,7 +27,9 @@ int WritePrefix(Writer &out, uint32_t code, bool primitive, uint8_t prefixMode) 
         number >>= 4;  // the application tag number
     else if (prefixMode != 2)
         return 0;
-    return out.Format("[%d] ", number);
+    char digits[16];
+    digits[FormatSigned(digits, number)] = '\0';
+    return out.Concat({"[", digits, "] "});
 }
 
 // One separator or bracket: needs the character and the terminator.

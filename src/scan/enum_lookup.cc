@@ -5,6 +5,7 @@
 #include <bacfmt/scan.h>
 
 #include "scan/lexical.h"
+#include "scan/name_index.h"
 #include "scan/numbers.h"
 
 namespace bacfmt {
@@ -34,16 +35,6 @@ uint32_t TableOf(uint32_t selector) {
 bool EnsureTables() {
     if (pStringTableInfo == nullptr) BACnetGetStringTableInfo(&pStringTableInfo);
     return pStringTableInfo != nullptr;
-}
-
-int32_t IndexOfName(const BACnetStringTable &table, const char *text, bool exactCase) {
-    for (uint32_t i = 0; i < table.nameCount; ++i) {
-        const char *name = table.names[i];
-        if (name == nullptr) continue;  // a value without a name
-        if ((exactCase ? std::strcmp(name, text) : str_i_cmp(name, text)) == 0)
-            return static_cast<int32_t>(i);
-    }
-    return BACNET_ENUM_UNKNOWN;
 }
 
 // The number that "proprietary-N" spells, or -255 when the text has no
@@ -95,16 +86,26 @@ extern "C" int32_t BACnetGetEnumValue(char *text, uint32_t selector, uint32_t /*
     if (text == nullptr) return value;
     const uint32_t table = TableOf(selector);
     if (!EnsureTables()) return 0;
-    for (uint32_t i = 0; i < pStringTableInfo->tableCount; ++i) {
-        const BACnetStringTable &candidate = pStringTableInfo->tables[i];
-        if (candidate.tableId != table) continue;
-        const int32_t index = IndexOfName(candidate, text, exactCase != 0);
-        if (index != BACNET_ENUM_UNKNOWN) return index;
-        const int32_t proprietary = ProprietaryNumber(text);
-        if (proprietary != BACNET_ENUM_UNKNOWN) return proprietary;
-        // The accepted spellings set the value but let later tables of the
-        // same identifier still answer with a name of their own.
+    // Every table of the identifier in turn: its name, else "proprietary-N".
+    // The accepted spellings set the value but let later tables of the same
+    // identifier still answer with a name of their own.
+    auto ask = [&](uint32_t i, int32_t &answer) {
+        answer = IndexedNameLookup(i, pStringTableInfo->tables[i], text, exactCase != 0);
+        if (answer != BACNET_ENUM_UNKNOWN) return true;
+        answer = ProprietaryNumber(text);
+        if (answer != BACNET_ENUM_UNKNOWN) return true;
         if (const int32_t spelled = AcceptedSpelling(table, text); spelled != 0) value = spelled;
+        return false;
+    };
+    int32_t answer = BACNET_ENUM_UNKNOWN;
+    const uint16_t *first = nullptr;
+    const uint16_t *last = nullptr;
+    if (TablesWithId(*pStringTableInfo, table, &first, &last)) {
+        for (; first != last; ++first)
+            if (ask(*first, answer)) return answer;
+        return value;
     }
+    for (uint32_t i = 0; i < pStringTableInfo->tableCount; ++i)
+        if (pStringTableInfo->tables[i].tableId == table && ask(i, answer)) return answer;
     return value;
 }

@@ -94,11 +94,21 @@ int SScanHexByte(const char *text, uint8_t *dst, int maxCount);
 // First occurrence of `pattern` outside quotes, or null.
 char *my_str_str(char *text, const char *pattern);
 
+// The content of a text that is one plain group, "(a,b)": a "(" first, a
+// ")" last and nothing between that brackets or quotes, at least one byte
+// of content, shorter than the backup buffer. Its closer is cut, as
+// DeBracket cuts it; null (nothing cut) for any other text. The group
+// scanners take such a text directly instead of splitting it, restoring it
+// and stripping its brackets, which leaves the same content.
+char *PlainGroupContent(char *text);
+
 // The element walk that the scanners share. It splits like ParseElement,
 // descending into a single bracketed group, but remembers the level where
 // the elements were counted, so that the elements of "(1,2,3)" can be
 // walked one after the other. Later elements are split off one level at a
-// time: a bracketed element comes back as its content.
+// time: a bracketed element comes back as its content. Counting and walking
+// every element costs time linear in the text, whatever the number of
+// elements and the depth of the nesting.
 class ElementList {
 public:
     explicit ElementList(char *text);
@@ -122,6 +132,12 @@ private:
     bool started_ = false;
     char *first_ = nullptr;
     char *rest_ = nullptr;
+    // The terminator of the text behind rest_: later elements are split
+    // off without measuring the rest again, which keeps the walk linear.
+    // Between calls of Next() the caller leaves the text behind the element
+    // it got as the walk left it (writing the original bytes back is
+    // noticed and measured again).
+    char *end_ = nullptr;
 };
 
 }  // namespace bacfmt

@@ -5,6 +5,7 @@
 
 #include <bacfmt/scan.h>
 
+#include "scan/element_walk.h"
 #include "scan/enum_lookup.h"
 #include "scan/lexical.h"
 #include "scan/numbers.h"
@@ -48,6 +49,14 @@ constexpr SpecialReal kSpecialReals[] = {
 // single-precision pattern, widened for Double (where they stay NaNs).
 template <typename Floating>
 int ReadFloating(char *text, Floating &value) {
+    // Every special text holds a '#' or an 'I': one look for those spares
+    // the three searches in the common case.
+    const char *mark = text;
+    while (*mark != '\0' && *mark != '#' && *mark != 'I') ++mark;
+    if (!useReferencePaths && *mark == '\0') {
+        value = static_cast<Floating>(TextToDouble(text));
+        return 0;
+    }
     for (const SpecialReal &special : kSpecialReals) {
         if (std::strstr(text, special.text) == nullptr) continue;
         float pattern;

@@ -109,6 +109,10 @@ int ScanList(char *text, void **payload, int32_t *count, int32_t sizeOnly, Conve
 template <typename Element, typename Convert>
 int ScanGroups(char *text, void **payload, int32_t *count, int32_t sizeOnly, Convert convert) {
     if (text == nullptr) return kSyntaxError;
+    if (char *content = PlainGroupContent(text); content != nullptr) {
+        SingleElement group(content);
+        return ScanElements<Element>(group, payload, count, sizeOnly, convert);
+    }
     SaveText(backupString, text);
     ElementList groups(text);
     if (groups.count() < 0) return kSyntaxError;
