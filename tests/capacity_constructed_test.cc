@@ -29,6 +29,9 @@ const SweepEntry kSweep[] = {
     {{CT_LOG_RECORD, "((((tuesday,24-november-2026),08:00:00.00),[10] [4] 2.500000,(1,0,0,0)))", 131}, 0},
     {{CT_LOG_RECORD_MULTIPLE, "((((tuesday,24-november-2026),08:00:00.00),[1] ([1] 21.500000,[8] [2] 7)))", 131}, 0},
     {{CT_EVENT_LOG_RECORD, "((((tuesday,24-november-2026),08:00:00.00),[0] (1,0)))", 131}, 0},
+    // Event types 13, 17 and 18 close without a room check; "[0] NULL" is copied whole.
+    {{CT_EVENT_PARAMETER, "([9] (7,1,([0] NULL,[4] 1.500000)),[13] ((1,2),((0,1),85,-,-)),[18] (30,(1,0,0,0)))"}, 9},
+    {{CT_FAULT_PARAMETER, "([3] ((1,2),((0,1),87,-,-)),[4] ([1] 1,[0] 1))"}, 0},
     {{CT_DATE_TIME, "((monday, 1-january-2024),08:00:00.00)"}, 0},
     {{CT_OBJ_PROP_REFERENCE, "(((0,1),85,3),((3,2),77,-))"}, 0},
     {{CT_DATE_RANGE, "((monday, 1-january-2024),(*,31-december-2024))"}, 0},

@@ -48,6 +48,9 @@ TEST(Layout, RecordAndPointerElementsOn32BitTarget) {
     EXPECT_EQ(sizeof(BACnetTimeValue), 28u);
     EXPECT_EQ(sizeof(BACnetPriArrayItem), 28u);
     EXPECT_EQ(sizeof(BACnetNotificationParameters), 104u);
+    EXPECT_EQ(sizeof(BACnetExtendedParameter), 32u);
+    EXPECT_EQ(sizeof(BACnetEventParameter), 52u);
+    EXPECT_EQ(sizeof(BACnetFaultParameter), 40u);
     EXPECT_EQ(sizeof(BACnetNotificationExtendedParameter), 52u);
     EXPECT_EQ(sizeof(BACnetLogRecord), 80u);
     EXPECT_EQ(sizeof(BACnetLogDataEntry), 28u);

@@ -351,6 +351,79 @@ typedef struct BACnetDevObjPropValue {
     BACnetContents value;
 } BACnetDevObjPropValue;
 
+/* Event and fault parameters. */
+
+/* Extended parameter (32 bytes): a datatype code (0, 16, 32, 64, 80, 96,
+ * 128, 144 or CT_DEV_OBJ_PROP_REFERENCE) and its value. A double is kept
+ * as two words; copy it out with memcpy. */
+typedef struct BACnetExtendedParameter {
+    uint32_t type;
+    union {
+        uint8_t boolean;
+        uint32_t unsignedValue; /* also an enumeration value */
+        float real;
+        uint32_t doubleWords[2];
+        BACnetOctetString octets;
+        BACnetBitString bits;
+        BACnetDevObjPropReference reference;
+    } u;
+} BACnetExtendedParameter;
+
+/* Event parameter element (52 bytes): the event type and, by type, the
+ * algorithm's settings. Doubles are kept as word pairs. */
+typedef struct BACnetEventParameter {
+    uint32_t eventType;
+    union {
+        struct { uint32_t timeDelay; BACnetBitString bitmask; BACnetBitString *values; uint32_t count; } changeOfBitstring; /* 0 */
+        struct { uint32_t timeDelay; BACnetPropertyStates *values; uint32_t count; } changeOfState;                         /* 1 */
+        struct {
+            uint32_t timeDelay;
+            uint32_t choice; /* 0 bitmask, 1 referenced property increment */
+            union { BACnetBitString bitmask; float increment; } u;
+        } changeOfValue;                                                                                                  /* 2 */
+        struct { uint32_t timeDelay; BACnetDevObjPropReference feedback; } commandFailure;                                 /* 3 */
+        struct {
+            uint32_t timeDelay;
+            BACnetDevObjPropReference setpoint;
+            float lowDiffLimit;
+            float highDiffLimit;
+            float deadband;
+        } floatingLimit;                                                                                                  /* 4 */
+        struct { uint32_t timeDelay; float lowLimit; float highLimit; float deadband; } outOfRange;                        /* 5 */
+        struct { uint32_t threshold; uint32_t previousCount; } bufferReady;                                               /* 7, 10 */
+        struct {
+            uint32_t timeDelay;
+            uint32_t lifeSafetyCount;
+            uint32_t *lifeSafetyValues;
+            uint32_t alarmCount;
+            uint32_t *alarmValues;
+            BACnetDevObjPropReference mode;
+        } changeOfLifeSafety;                                                                                             /* 8 */
+        struct { uint32_t vendorId; uint32_t extendedType; uint32_t count; BACnetExtendedParameter *parameters; } extended; /* 9 */
+        struct { uint32_t timeDelay; uint32_t lowLimit; uint32_t highLimit; } unsignedRange;                              /* 11 */
+        struct { uint32_t count; uint32_t *accessEvents; BACnetDevObjPropReference timeReference; } accessEvent;           /* 13 */
+        struct { uint32_t timeDelay; uint32_t lowLimit[2]; uint32_t highLimit[2]; uint32_t deadband[2]; } doubleOutOfRange; /* 14 */
+        struct { uint32_t timeDelay; int32_t lowLimit; int32_t highLimit; int32_t deadband; } signedOutOfRange;            /* 15 */
+        struct { uint32_t timeDelay; uint32_t lowLimit; uint32_t highLimit; uint32_t deadband; } unsignedOutOfRange;      /* 16 */
+        struct { uint32_t timeDelay; uint32_t count; BACnetCharString *strings; } changeOfCharacterString;                 /* 17 */
+        struct { uint32_t timeDelay; BACnetBitString selectedFlags; } changeOfStatusFlags;                                /* 18 */
+        uint32_t words[12];
+    } u;
+} BACnetEventParameter;
+
+/* Fault parameter element (40 bytes): the fault type and its settings. */
+typedef struct BACnetFaultParameter {
+    uint32_t faultType;
+    union {
+        struct { uint32_t count; BACnetCharString *strings; } characterString;                                              /* 1 */
+        struct { uint32_t vendorId; uint32_t extendedType; uint32_t count; BACnetExtendedParameter *parameters; } extended; /* 2 */
+        struct { uint32_t count; uint32_t *values; BACnetDevObjPropReference mode; } lifeSafety;                           /* 3 */
+        struct { uint32_t count; BACnetPropertyStates *values; } state;                                                    /* 4 */
+        BACnetDevObjPropReference statusFlags;                                                                            /* 5 */
+        uint32_t words[9];
+    } u;
+} BACnetFaultParameter;
+
 /* Notification parameters: the values an event notification carries, by
  * event type (the types of the event parameters). No datatype code of
  * their own: event log records hold them. */

@@ -119,6 +119,15 @@ BACFMT_API int BACnetSPrintPriArray(char *dst, int size, const BACnetPriArrayIte
 BACFMT_API int BACnetSPrintPropertyStates(char *dst, int size, const BACnetPropertyStates *value,
                                           int names);
 
+/* Event and fault parameters: "[type] " and the algorithm's fields. The
+ * event parameter's bit strings print for `propertyId`. The closing ")"
+ * of event types 13, 17 and 18 is written without a room check, as is an
+ * extended "[0] NULL": give them 9 bytes of room. */
+BACFMT_API int BACnetSPrintEventParameter(char *dst, int size, const BACnetEventParameter *value,
+                                          uint32_t propertyId, uint8_t symbolic);
+BACFMT_API int BACnetSPrintFaultParameter(char *dst, int size, const BACnetFaultParameter *value,
+                                          uint8_t symbolic);
+
 /* Notification parameters: "[type] " and the type's fields, without
  * brackets. -3 for a change-of-value choice or command-value datatype it
  * does not know. An extended parameter of datatype NULL is copied as

@@ -129,6 +129,14 @@ BACFMT_API int BACnetSScanSpecialEvent(char *text, void **payload, int32_t separ
  * value reads one value; its list form sizes but does not fill (-2). */
 BACFMT_API int BACnetSScanPropertyValue(char *text, void **payload, int32_t separateLists,
                                         void **tail, int32_t *count, int32_t sizeOnly);
+/* Event and fault parameters. The filling pass counts an extended list as
+ * 128 bytes whatever it holds (and a change-of-character-string list not
+ * at all): size with the sizing pass. The sizing pass takes fault type 0
+ * and character-string extended values, which the filling pass refuses. */
+BACFMT_API int BACnetSScanEventParameter(char *text, void **payload, int32_t separateLists,
+                                         void **tail, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanFaultParameter(char *text, void **payload, int32_t separateLists,
+                                         void **tail, int32_t *count, int32_t sizeOnly);
 /* Notification parameters: one element when the text starts with its
  * "[type]" tag (the expected count is then not checked), else a list of
  * bracketed elements. The sizing pass does not check the fields of types

@@ -9,6 +9,7 @@
 #include <bacfmt/print.h>
 #include <bacfmt/scan.h>
 
+#include "constructed/extended.h"
 #include "constructed/field_writer.h"
 #include "constructed/fields.h"
 #include "constructed/list_printers.h"
@@ -29,7 +30,6 @@ using Extended = BACnetNotificationExtendedParameter;
 
 constexpr uint32_t kEventTypeKey = 37;
 constexpr uint32_t kAnyTable = 0xFFFFFFFFu;
-constexpr uint32_t kExtendedEnumKey = 83;
 constexpr uint32_t kReferenceTag = 16;
 constexpr uint8_t kTagged = 1;
 
@@ -44,52 +44,6 @@ int PutPropertyValues(Writer &out, const BACnetPropertyValue *values, uint32_t c
                         [&] { return out.Text(RBraceString); });
 }
 
-// One extended parameter by its datatype: "[tag] value", the tag being the
-// datatype's application tag (16 for a device object property value). An
-// unknown datatype prints nothing.
-int PutExtended(Writer &out, const Extended &parameter, uint8_t names) {
-    const int tag = static_cast<int>(parameter.type >> 4);
-    switch (parameter.type) {
-    case CT_NULL:
-        return out.Unchecked("[0] NULL");  // copied as it is, room or not
-    case CT_BOOLEAN: {
-        char text[16];
-        const int result = BACnetSPrintBoolean(text, sizeof text, parameter.u.boolean, names);
-        return result < 0 ? result : out.Format("[%d] %s", tag, text);
-    }
-    case CT_UNSIGNED:
-        return out.Format("[%d] %u", tag, parameter.u.unsignedValue);
-    case CT_SIGNED:
-        return out.Format("[%d] %d", tag, parameter.u.signedValue);
-    case CT_REAL: {
-        char digits[kFixedBufferSize];
-        digits[FormatFixed(digits, parameter.u.real)] = '\0';
-        return out.Format("[%d] %s", tag, digits);
-    }
-    case CT_DOUBLE: {
-        double value;
-        std::memcpy(&value, parameter.u.doubleWords, sizeof value);
-        char digits[32];
-        digits[FormatExponent(digits, value)] = '\0';
-        return out.Format("[%d] %s", tag, digits);
-    }
-    case CT_BIT_STRING:
-        return out.Sequence([&] { return out.Format("[%d] ", tag); },
-                            [&] { return out.Put(BACnetSPrintBitString, &parameter.u.bits, 0u, names); });
-    case CT_OCTET_STRING:
-        return out.Sequence([&] { return out.Format("[%d] ", tag); },
-                            [&] { return out.Put(BACnetSPrintOctetString, &parameter.u.octets); });
-    case CT_ENUMERATED:
-        return out.Sequence([&] { return out.Format("[%d] ", tag); },
-                            [&] { return out.Put(BACnetSPrintEnum, parameter.u.unsignedValue, kExtendedEnumKey, names); });
-    case CT_DEV_OBJ_PROP_VALUE:
-        return out.Sequence([&] { return out.Format("[%d] ", static_cast<int>(kReferenceTag)); },
-                            [&] { return out.Put(BACnetSPrintDevObjPropValue, &parameter.u.value, int{names}); });
-    default:
-        return 0;
-    }
-}
-
 int PutExtendedList(Writer &out, const Parameters &value, uint8_t names) {
     const auto &extended = value.u.extended;
     return out.Sequence(
@@ -98,7 +52,8 @@ int PutExtendedList(Writer &out, const Parameters &value, uint8_t names) {
             // The comma stays also after a parameter that printed nothing.
             for (uint32_t i = 0; extended.parameters != nullptr && i < extended.count; ++i) {
                 if (i > 0 && out.Text(CommaString) < 0) return kNoRoom;
-                const int result = PutExtended(out, LoadElement<Extended>(extended.parameters, i), names);
+                const Extended parameter = LoadElement<Extended>(extended.parameters, i);
+                const int result = PutExtendedValue(out, parameter.type, &parameter.u, names, 0, kNotificationExtendedTypes);
                 if (result < 0) return result;
             }
             return 0;
@@ -323,27 +278,8 @@ int ReadPropertyValues(char *text, BACnetPropertyValue *&values, uint32_t &count
 }
 
 int ReadExtendedParameter(char *text, Extended &parameter, NestedParts &parts) {
-    char *after = nullptr;
-    const int tag = ParseChoice(text, -1, &after);
-    if (tag < 0) return kUnsupported;
-    parameter.type = tag == static_cast<int>(kReferenceTag) ? uint32_t{CT_DEV_OBJ_PROP_VALUE} : static_cast<uint32_t>(tag) * 16;
-    after = KillTrailLeadSpace(after);
-    switch (parameter.type) {
-    case CT_NULL:
-        return 0;
-    case CT_BOOLEAN:
-    case CT_UNSIGNED:
-    case CT_SIGNED:
-    case CT_REAL:
-    case CT_DOUBLE:
-    case CT_OCTET_STRING:
-    case CT_BIT_STRING:
-    case CT_ENUMERATED:
-    case CT_DEV_OBJ_PROP_VALUE:
-        return parts.InlineElement(parameter.type, after, &parameter.u, sizeof parameter.u);
-    default:
-        return kUnsupported;
-    }
+    static const ExtendedRules rules{CT_DEV_OBJ_PROP_VALUE, kNotificationExtendedTypes, kUnsupported};
+    return ReadExtendedValue(text, parameter.type, &parameter.u, sizeof parameter.u, parts, rules);
 }
 
 int ScanExtendedParameters(char *text, void **payload, int32_t separateLists, void **tail, int32_t *count,
@@ -581,13 +517,8 @@ void ReleaseNotificationParameters(void *elements, uint32_t count) {
             releaseValues(u.complexEvent.values, u.complexEvent.count);
             break;
         case 9:
-            ReleaseArray(u.extended.parameters, u.extended.count, [](Extended &parameter) {
-                if (parameter.type == CT_OCTET_STRING) {
-                    std::free(parameter.u.octets.octets);
-                    parameter.u.octets.octets = nullptr;
-                }
-                if (parameter.type == CT_DEV_OBJ_PROP_VALUE) ReleasePayload(parameter.u.value.value);
-            });
+            ReleaseArray(u.extended.parameters, u.extended.count,
+                         [](Extended &parameter) { ReleaseExtendedValue(parameter.type, &parameter.u); });
             break;
         case 13:
             ReleaseAccessEvent(value);

@@ -9,6 +9,7 @@
 #include <bacfmt/print.h>
 
 #include "constructed/commands.h"
+#include "constructed/event_parameters.h"
 #include "constructed/log_records.h"
 #include "constructed/priority.h"
 #include "constructed/calendar.h"
@@ -151,7 +152,7 @@ constexpr DatatypeInfo kRows[] = {
     Scans(Row(CT_DATE_TIME,        "CT_DATE_TIME",              sizeof(BACnetDateTime), Print<BACnetSPrintDateTime>), ScanWith<BACnetSScanDateTime>(K::Fixed)),
     Scans(Row(CT_OBJ_PROP_REFERENCE, "CT_OBJ_PROP_REFERENCE", sizeof(BACnetObjPropReference), Print<BACnetSPrintObjPropReference>), ScanWith<BACnetSScanObjPropReference>(K::Fixed)),
     Scans(Row(CT_PROPERTY_STATES,  "CT_PROPERTY_STATES",  sizeof(BACnetPropertyStates), Print<BACnetSPrintPropertyStates>), ScanWith<BACnetSScanPropertyStates>(K::Fixed)),
-    Row(CT_EVENT_PARAMETER,        "CT_EVENT_PARAMETER",        52, nullptr, {}, R::Always),
+    Frees(Scans(Row(CT_EVENT_PARAMETER, "CT_EVENT_PARAMETER", sizeof(BACnetEventParameter), Print<BACnetSPrintEventParameter>, {}, R::Always), ScanWith<BACnetSScanEventParameter>(K::Variable)), ReleaseEventParameters),
     Scans(Row(CT_DATE_RANGE,       "CT_DATE_RANGE",       sizeof(BACnetDateRange),   Print<BACnetSPrintDateRange>),  ScanWith<BACnetSScanDateRange>(K::Fixed)),
     Scans(Row(CT_WEEK_N_DAY,       "CT_WEEK_N_DAY",       sizeof(BACnetWeekNDay),    Print<BACnetSPrintWeekNDay>),   ScanWith<BACnetSScanWeekNDay>(K::Fixed)),
     Scans(Row(CT_CALENDAR_ENTRY,   "CT_CALENDAR_ENTRY",   sizeof(BACnetCalendarEntry), Print<BACnetSPrintCalendarEntry>, {23}), ScanWith<BACnetSScanCalendarEntry>(K::Fixed)),
@@ -198,7 +199,7 @@ constexpr DatatypeInfo kRows[] = {
     Row(CT_EVENT_NOTIFICATION_SUBSCRIPTION, "CT_EVENT_NOTIFICATION_SUBSCRIPTION", 28),
     Row(CT_PROCESS_ID_SELECTION,   "CT_PROCESS_ID_SELECTION",   8),
     Row(CT_PORT_PERMISSION,        "CT_PORT_PERMISSION",        8),
-    Row(CT_FAULT_PARAMETER,        "CT_FAULT_PARAMETER",        40),
+    Frees(Scans(Row(CT_FAULT_PARAMETER, "CT_FAULT_PARAMETER", sizeof(BACnetFaultParameter), Print<BACnetSPrintFaultParameter>), ScanWith<BACnetSScanFaultParameter>(K::Variable)), ReleaseFaultParameters),
 
     Frees(Scans(Led(Row(CT_ASN1_FIRST,  "CT_ASN1_FIRST",  sizeof(BACnetRawASN1), Print<BACnetSPrintRawASN1>), "[ASN1]"), ScanWith<BACnetSScanASN1String>(K::Variable)), kFreeRaw),
     Frees(Scans(Led(Row(CT_ASN1_SECOND, "CT_ASN1_SECOND", sizeof(BACnetRawASN1), Print<BACnetSPrintRawASN1>), "[ASN1]"), ScanWith<BACnetSScanASN1String>(K::Variable)), kFreeRaw),

@@ -7,6 +7,7 @@
 
 #include <bacfmt/print.h>
 
+#include "datatypes/unaligned.h"
 #include "print/writer.h"
 
 namespace bacfmt {
@@ -33,7 +34,8 @@ int PrintList(char *dst, int size, const Element *values, uint32_t count, uint32
         return result;
     };
     for (uint32_t i = 0; i < count; ++i) {
-        const int result = out.Step(printOne(out.at(), out.room(), values[i]));
+        // A list inside a scanned payload may start at any byte.
+        const int result = out.Step(printOne(out.at(), out.room(), LoadElement<Element>(values, i)));
         if (result < 0) return result;
         if (i + 1 < count && mark(CommaString) < 0) return kNoRoom;
     }
@@ -81,9 +83,9 @@ extern "C" int BACnetSPrintStringList(char *dst, int size, const BACnetCharStrin
     int sum = out.Text(LBracketString);
     for (uint32_t i = 0; i < count; ++i) {
         if (i > 0) sum += out.Text(CommaString);
+        const auto value = LoadElement<BACnetCharString>(values, i);
         if (out.room() > 0)
-            sum += out.Step(BACnetSPrintAnyString(out.at(), static_cast<uint32_t>(out.room()),
-                                                  &values[i], 2, 1));
+            sum += out.Step(BACnetSPrintAnyString(out.at(), static_cast<uint32_t>(out.room()), &value, 2, 1));
     }
     sum += out.Text(RBracketString);
     return sum;
