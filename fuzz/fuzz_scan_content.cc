@@ -6,6 +6,7 @@
 // Input: lines of text, one value each (at most eight); a line that starts
 // with "[" names its datatype, any other is guessed. The first byte of the
 // input chooses the expected count (counted from 0x20).
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -68,7 +69,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     // holds none and was sized at nothing: one byte of slack per value.
     // Zeroed room behind it: the octet string printer reads the first
     // element of a record that holds none.
-    const size_t slack = lines.size();
+    // Read access specifications and results take one object identifier
+    // more per element when filling than the sizing pass counts: room for
+    // as many as the text has groups.
+    size_t slack = lines.size();
+    for (const auto &line : lines)
+        slack += sizeof(BACnetObjectID) * static_cast<size_t>(std::count(line.begin(), line.end(), '('));
     constexpr size_t kFirstElementRoom = 64;
     auto *block = static_cast<unsigned char *>(std::calloc(1, total + slack + kFirstElementRoom));
     void *cursor = block;

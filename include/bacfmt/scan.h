@@ -189,7 +189,10 @@ BACFMT_API int BACnetSScanShedLevel(char *text, void **payload, int32_t *count, 
  * result scanners make room for one element only: a list of more than one
  * then fails with -2 instead of being read. A result item's value is read
  * without a datatype tag, which separate blocks cannot do (-3): read
- * results into one block. */
+ * results into one block. The filling pass takes the size of one object
+ * identifier (8 bytes) more per specification or result than the sizing
+ * pass counts, and in a list moves the tail by as much: give a block laid
+ * out from the sizing pass 8 bytes more per element. */
 BACFMT_API int BACnetSScanReadAccessSpec(char *text, void **payload, int32_t separateLists,
                                          void **tail, int32_t *count, int32_t sizeOnly);
 BACFMT_API int BACnetSScanReadAccessResult(char *text, void **payload, int32_t separateLists,
