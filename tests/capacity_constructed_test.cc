@@ -32,6 +32,10 @@ const SweepEntry kSweep[] = {
     // Event types 13, 17 and 18 close without a room check; "[0] NULL" is copied whole.
     {{CT_EVENT_PARAMETER, "([9] (7,1,([0] NULL,[4] 1.500000)),[13] ((1,2),((0,1),85,-,-)),[18] (30,(1,0,0,0)))"}, 9},
     {{CT_FAULT_PARAMETER, "([3] ((1,2),((0,1),87,-,-)),[4] ([1] 1,[0] 1))"}, 0},
+    {{CT_ADDRESS, "((0,0x0a),(5,0xc0a80001bac0))"}, 1},
+    {{CT_RECIPIENT, "([0] (8,5),[1] (5,0x0a0b))"}, 1},
+    {{CT_DESTINATION, "(((0,1,1,1,1,1,0),06:00:00.00,18:00:00.00,[1] (0,0x0a),7,T,(1,1,1)))", 102}, 1},
+    {{CT_ADDRESS_BINDING, "(((8,5),(0,0xc0a80001bac0)))", 30}, 1},
     {{CT_DATE_TIME, "((monday, 1-january-2024),08:00:00.00)"}, 0},
     {{CT_OBJ_PROP_REFERENCE, "(((0,1),85,3),((3,2),77,-))"}, 0},
     {{CT_DATE_RANGE, "((monday, 1-january-2024),(*,31-december-2024))"}, 0},

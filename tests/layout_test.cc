@@ -25,6 +25,10 @@ TEST(Layout, PointerFreeElementsHaveContractSizes) {
     EXPECT_EQ(sizeof(BACnetCalendarEntry), 36u);
     EXPECT_EQ(sizeof(BACnetTimeStamp), 24u);
     EXPECT_EQ(sizeof(BACnetPropertyStates), 8u);
+    EXPECT_EQ(sizeof(BACnetAddress), 12u);
+    EXPECT_EQ(sizeof(BACnetRecipient), 16u);
+    EXPECT_EQ(sizeof(BACnetDestination), 80u);
+    EXPECT_EQ(sizeof(BACnetAddressBinding), 20u);
     EXPECT_EQ(sizeof(BACnetObjPropReference), 16u);
     EXPECT_EQ(sizeof(BACnetDevObjReference), 20u);
     EXPECT_EQ(sizeof(BACnetDevObjPropReference), 28u);

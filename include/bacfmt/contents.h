@@ -351,6 +351,47 @@ typedef struct BACnetDevObjPropValue {
     BACnetContents value;
 } BACnetDevObjPropValue;
 
+/* Recipients and bindings. */
+
+/* Network address element (12 bytes): network 0 is the local network; a
+ * MAC of length 0 a broadcast. */
+typedef struct BACnetAddress {
+    uint16_t network;
+    uint8_t macLength;
+    uint8_t mac[8];
+} BACnetAddress;
+
+enum {
+    BACNET_RECIPIENT_DEVICE = 0,
+    BACNET_RECIPIENT_ADDRESS = 1
+};
+
+/* Recipient element (16 bytes): a device or an address. */
+typedef struct BACnetRecipient {
+    uint32_t choice; /* BACNET_RECIPIENT_... */
+    union {
+        BACnetObjectID device;
+        BACnetAddress address;
+    } u;
+} BACnetRecipient;
+
+/* Notification destination element (80 bytes). */
+typedef struct BACnetDestination {
+    BACnetBitString validDays; /* Monday first */
+    BACnetTime fromTime;
+    BACnetTime toTime;
+    BACnetRecipient recipient;
+    uint32_t processId;
+    uint8_t issueConfirmed;
+    BACnetBitString transitions; /* to-offnormal, to-fault, to-normal */
+} BACnetDestination;
+
+/* Address binding element (20 bytes). */
+typedef struct BACnetAddressBinding {
+    BACnetObjectID device;
+    BACnetAddress address;
+} BACnetAddressBinding;
+
 /* Event and fault parameters. */
 
 /* Extended parameter (32 bytes): a datatype code (0, 16, 32, 64, 80, 96,

@@ -119,6 +119,17 @@ BACFMT_API int BACnetSPrintPriArray(char *dst, int size, const BACnetPriArrayIte
 BACFMT_API int BACnetSPrintPropertyStates(char *dst, int size, const BACnetPropertyStates *value,
                                           int names);
 
+/* Recipients and bindings: an address "(network,0xMAC)", a recipient
+ * "[0] device" or "[1] address", a destination "(days,from,to,recipient,
+ * process,confirmed,transitions)", a binding "(device,address)". */
+BACFMT_API int BACnetSPrintAddress(char *dst, int size, const BACnetAddress *value);
+BACFMT_API int BACnetSPrintRecipient(char *dst, int size, const BACnetRecipient *value,
+                                     uint8_t symbolic);
+BACFMT_API int BACnetSPrintDestination(char *dst, int size, const BACnetDestination *value,
+                                       uint8_t symbolic);
+BACFMT_API int BACnetSPrintAddressBinding(char *dst, int size, const BACnetAddressBinding *value,
+                                          uint8_t symbolic);
+
 /* Event and fault parameters: "[type] " and the algorithm's fields. The
  * event parameter's bit strings print for `propertyId`. The closing ")"
  * of event types 13, 17 and 18 is written without a room check, as is an

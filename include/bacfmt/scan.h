@@ -129,6 +129,13 @@ BACFMT_API int BACnetSScanSpecialEvent(char *text, void **payload, int32_t separ
  * value reads one value; its list form sizes but does not fill (-2). */
 BACFMT_API int BACnetSScanPropertyValue(char *text, void **payload, int32_t separateLists,
                                         void **tail, int32_t *count, int32_t sizeOnly);
+/* Recipients and bindings. A MAC is "0x" (or X'') and at most eight
+ * octets in pairs of hexadecimal digits; anything else is -2. */
+BACFMT_API int BACnetSScanAddress(char *text, void **payload, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanRecipient(char *text, void **payload, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanDestination(char *text, void **payload, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanAddressBinding(char *text, void **payload, int32_t *count,
+                                         int32_t sizeOnly);
 /* Event and fault parameters. The filling pass counts an extended list as
  * 128 bytes whatever it holds (and a change-of-character-string list not
  * at all): size with the sizing pass. The sizing pass takes fault type 0

@@ -15,6 +15,7 @@
 #include "constructed/calendar.h"
 #include "constructed/schedule.h"
 #include "constructed/read_access.h"
+#include "constructed/recipients.h"
 #include "constructed/references.h"
 #include "datatypes/release.h"
 #include "datatypes/unaligned.h"
@@ -148,7 +149,7 @@ constexpr DatatypeInfo kRows[] = {
     Scans(Row(CT_OBJECT_ID,        "CT_OBJECT_ID",        sizeof(BACnetObjectID),    Print<BACnetSPrintObjectID>,  {76, 154, 209}),         ScanWith<BACnetSScanObjectID>(K::Fixed)),
 
     Frees(Scans(Row(CT_PRI_ARRAY_ITEM, "CT_PRI_ARRAY_ITEM", sizeof(BACnetPriArrayItem), Print<BACnetSPrintPriArrayItem>, {87}), ScanWith<BACnetSScanPriArrayItem>(K::Variable)), ReleasePriArrayItems),
-    Row(CT_ADDRESS,                "CT_ADDRESS",                12),
+    Scans(Row(CT_ADDRESS,          "CT_ADDRESS",          sizeof(BACnetAddress),     Print<BACnetSPrintAddress>),    ScanWith<BACnetSScanAddress>(K::Fixed)),
     Scans(Row(CT_DATE_TIME,        "CT_DATE_TIME",              sizeof(BACnetDateTime), Print<BACnetSPrintDateTime>), ScanWith<BACnetSScanDateTime>(K::Fixed)),
     Scans(Row(CT_OBJ_PROP_REFERENCE, "CT_OBJ_PROP_REFERENCE", sizeof(BACnetObjPropReference), Print<BACnetSPrintObjPropReference>), ScanWith<BACnetSScanObjPropReference>(K::Fixed)),
     Scans(Row(CT_PROPERTY_STATES,  "CT_PROPERTY_STATES",  sizeof(BACnetPropertyStates), Print<BACnetSPrintPropertyStates>), ScanWith<BACnetSScanPropertyStates>(K::Fixed)),
@@ -158,13 +159,13 @@ constexpr DatatypeInfo kRows[] = {
     Scans(Row(CT_CALENDAR_ENTRY,   "CT_CALENDAR_ENTRY",   sizeof(BACnetCalendarEntry), Print<BACnetSPrintCalendarEntry>, {23}), ScanWith<BACnetSScanCalendarEntry>(K::Fixed)),
     Frees(Scans(Row(CT_TIME_VALUE, "CT_TIME_VALUE", sizeof(BACnetTimeValue), Print<BACnetSPrintTimeValue>), ScanWith<BACnetSScanTimeValue>(K::Variable)), ReleaseTimeValues),
     Frees(Scans(Row(CT_SPECIAL_EVENT, "CT_SPECIAL_EVENT", sizeof(BACnetSpecialEvent), Print<BACnetSPrintSpecialEvent>, {38}), ScanWith<BACnetSScanSpecialEvent>(K::Variable)), ReleaseSpecialEvents),
-    Row(CT_RECIPIENT,              "CT_RECIPIENT",              16, nullptr, {116, 202, 206, 350}),
+    Scans(Row(CT_RECIPIENT,        "CT_RECIPIENT",        sizeof(BACnetRecipient),   Print<BACnetSPrintRecipient>, {116, 202, 206, 350}), ScanWith<BACnetSScanRecipient>(K::Fixed)),
     Scans(Row(CT_SETPOINT_REFERENCE, "CT_SETPOINT_REFERENCE", sizeof(BACnetSetpointReference), Print<BACnetSPrintSetpointReference>, {}, R::OnlyWhenEmpty), ScanWith<BACnetSScanSetpointReference>(K::Fixed)),
-    Row(CT_DESTINATION,            "CT_DESTINATION",            80, nullptr, {102}),
+    Scans(Row(CT_DESTINATION,      "CT_DESTINATION",      sizeof(BACnetDestination), Print<BACnetSPrintDestination>, {102}), ScanWith<BACnetSScanDestination>(K::Fixed)),
     Frees(Scans(Row(CT_DAILY_SCHEDULE, "CT_DAILY_SCHEDULE", sizeof(BACnetDailySchedule), Print<BACnetSPrintDailySchedule>, {123}), ScanWith<BACnetSScanDailySchedule>(K::Variable)), ReleaseDailySchedules),
     Scans(Row(CT_TIME_STAMP,       "CT_TIME_STAMP",       sizeof(BACnetTimeStamp),   Print<BACnetSPrintTimeStamp>, {130}), ScanWith<BACnetSScanTimeStamp>(K::Fixed)),
     Scans(Row(CT_PROPERTY_REFERENCE, "CT_PROPERTY_REFERENCE", sizeof(BACnetPropertyReference), Print<BACnetSPrintPropertyReference>), ScanWith<BACnetSScanPropertyReference>(K::Fixed)),
-    Row(CT_ADDRESS_BINDING,        "CT_ADDRESS_BINDING",        20, nullptr, {30, 170, 171}),
+    Scans(Row(CT_ADDRESS_BINDING,  "CT_ADDRESS_BINDING",  sizeof(BACnetAddressBinding), Print<BACnetSPrintAddressBinding>, {30, 170, 171}), ScanWith<BACnetSScanAddressBinding>(K::Fixed)),
     Scans(Row(CT_DEV_OBJ_PROP_REFERENCE, "CT_DEV_OBJ_PROP_REFERENCE", sizeof(BACnetDevObjPropReference), Print<BACnetSPrintDevObjPropReference>, {54}), ScanWith<BACnetSScanDevObjPropReference>(K::Fixed)),
     Row(CT_CLIENT_COV,             "CT_CLIENT_COV",             8),
     Frees(Scans(Row(CT_LOG_RECORD, "CT_LOG_RECORD", sizeof(BACnetLogRecord), Print<BACnetSPrintLogRecord>, {131}), ScanWith<BACnetSScanLogRecord>(K::Variable)), ReleaseLogRecords),
@@ -199,7 +200,7 @@ constexpr DatatypeInfo kRows[] = {
     Row(CT_EVENT_NOTIFICATION_SUBSCRIPTION, "CT_EVENT_NOTIFICATION_SUBSCRIPTION", 28),
     Row(CT_PROCESS_ID_SELECTION,   "CT_PROCESS_ID_SELECTION",   8),
     Row(CT_PORT_PERMISSION,        "CT_PORT_PERMISSION",        8),
-    Frees(Scans(Row(CT_FAULT_PARAMETER, "CT_FAULT_PARAMETER", sizeof(BACnetFaultParameter), Print<BACnetSPrintFaultParameter>), ScanWith<BACnetSScanFaultParameter>(K::Variable)), ReleaseFaultParameters),
+    Frees(Scans(Row(CT_FAULT_PARAMETER, "CT_FAULT_PARAMETER", sizeof(BACnetFaultParameter), Print<BACnetSPrintFaultParameter>), ScanWith<BACnetSScanFaultParameter>(K::VariableArrayCursor)), ReleaseFaultParameters),
 
     Frees(Scans(Led(Row(CT_ASN1_FIRST,  "CT_ASN1_FIRST",  sizeof(BACnetRawASN1), Print<BACnetSPrintRawASN1>), "[ASN1]"), ScanWith<BACnetSScanASN1String>(K::Variable)), kFreeRaw),
     Frees(Scans(Led(Row(CT_ASN1_SECOND, "CT_ASN1_SECOND", sizeof(BACnetRawASN1), Print<BACnetSPrintRawASN1>), "[ASN1]"), ScanWith<BACnetSScanASN1String>(K::Variable)), kFreeRaw),

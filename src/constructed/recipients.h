@@ -1,0 +1,22 @@
+// Element converters of addresses, recipients, destinations and address
+// bindings, for the two-pass scanners and the array scanners: each reads
+// the text of one element and returns 0 or a negative code.
+#ifndef BACFMT_CONSTRUCTED_RECIPIENTS_H
+#define BACFMT_CONSTRUCTED_RECIPIENTS_H
+
+#include <bacfmt/contents.h>
+
+namespace bacfmt {
+
+// "network,0xMAC".
+int ReadAddress(char *text, BACnetAddress &address);
+// "[0] (type,instance)" or "[1] (network,0xMAC)".
+int ReadRecipient(char *text, BACnetRecipient &recipient);
+// "(days),from,to,recipient,process,confirmed,(transitions)".
+int ReadDestination(char *text, BACnetDestination &destination);
+// "(type,instance),(network,0xMAC)".
+int ReadAddressBinding(char *text, BACnetAddressBinding &binding);
+
+}  // namespace bacfmt
+
+#endif  // BACFMT_CONSTRUCTED_RECIPIENTS_H
