@@ -29,6 +29,16 @@ TEST(Layout, PointerFreeElementsHaveContractSizes) {
     EXPECT_EQ(sizeof(BACnetRecipient), 16u);
     EXPECT_EQ(sizeof(BACnetDestination), 80u);
     EXPECT_EQ(sizeof(BACnetAddressBinding), 20u);
+    EXPECT_EQ(sizeof(BACnetClientCov), 8u);
+    EXPECT_EQ(sizeof(BACnetCovSubscription), 52u);
+    EXPECT_EQ(sizeof(BACnetEventNotificationSubscription), 28u);
+    EXPECT_EQ(sizeof(BACnetProcessIdSelection), 8u);
+    EXPECT_EQ(sizeof(BACnetAuthenticationFactorFormat), 12u);
+    EXPECT_EQ(sizeof(BACnetAssignedAccessRights), 24u);
+    EXPECT_EQ(sizeof(BACnetAccessRule), 60u);
+    EXPECT_EQ(sizeof(BACnetPortPermission), 8u);
+    EXPECT_EQ(sizeof(BACnetNetworkSecurityPolicy), 8u);
+    EXPECT_EQ(sizeof(BACnetKeyIdentifier), 8u);
     EXPECT_EQ(sizeof(BACnetObjPropReference), 16u);
     EXPECT_EQ(sizeof(BACnetDevObjReference), 20u);
     EXPECT_EQ(sizeof(BACnetDevObjPropReference), 28u);
@@ -51,6 +61,8 @@ TEST(Layout, RecordAndPointerElementsOn32BitTarget) {
     EXPECT_EQ(sizeof(BACnetStringTable), 28u);
     EXPECT_EQ(sizeof(BACnetTimeValue), 28u);
     EXPECT_EQ(sizeof(BACnetPriArrayItem), 28u);
+    EXPECT_EQ(sizeof(BACnetAuthenticationFactor), 20u);
+    EXPECT_EQ(sizeof(BACnetVtSession), 20u);
     EXPECT_EQ(sizeof(BACnetNotificationParameters), 104u);
     EXPECT_EQ(sizeof(BACnetExtendedParameter), 32u);
     EXPECT_EQ(sizeof(BACnetEventParameter), 52u);

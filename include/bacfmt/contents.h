@@ -392,6 +392,111 @@ typedef struct BACnetAddressBinding {
     BACnetAddress address;
 } BACnetAddressBinding;
 
+/* Subscriptions. */
+
+enum {
+    BACNET_CLIENT_COV_REAL_INCREMENT = 0,
+    BACNET_CLIENT_COV_DEFAULT_INCREMENT = 1
+};
+
+/* Client COV increment element (8 bytes): a real increment, or the
+ * object's default. */
+typedef struct BACnetClientCov {
+    uint32_t choice; /* BACNET_CLIENT_COV_... */
+    float increment;
+} BACnetClientCov;
+
+/* COV subscription element (52 bytes). */
+typedef struct BACnetCovSubscription {
+    BACnetRecipient recipient;
+    uint32_t processId;
+    BACnetObjPropReference monitored;
+    uint8_t issueConfirmed;
+    uint32_t timeRemaining;
+    uint8_t incrementPresent;
+    float increment;
+} BACnetCovSubscription;
+
+/* Event notification subscription element (28 bytes). */
+typedef struct BACnetEventNotificationSubscription {
+    BACnetRecipient recipient;
+    uint32_t processId;
+    uint8_t issueConfirmed;
+    uint32_t timeRemaining;
+} BACnetEventNotificationSubscription;
+
+enum {
+    BACNET_PROCESS_ID = 0,
+    BACNET_PROCESS_ID_NULL = 1
+};
+
+/* Process identifier selection element (8 bytes). */
+typedef struct BACnetProcessIdSelection {
+    uint32_t choice; /* BACNET_PROCESS_ID... */
+    uint32_t processId;
+} BACnetProcessIdSelection;
+
+/* Access control values. */
+
+/* Authentication factor format element (12 bytes); vendor fields all ones
+ * when absent. */
+typedef struct BACnetAuthenticationFactorFormat {
+    uint32_t formatType;
+    uint32_t vendorId;
+    uint32_t vendorFormat;
+} BACnetAuthenticationFactorFormat;
+
+/* Authentication factor element (20 bytes): its octets lie behind the
+ * element array or in a block of their own. */
+typedef struct BACnetAuthenticationFactor {
+    uint32_t formatType;
+    uint32_t formatClass;
+    BACnetOctetString value;
+} BACnetAuthenticationFactor;
+
+/* Assigned access rights element (24 bytes). */
+typedef struct BACnetAssignedAccessRights {
+    BACnetDevObjReference accessRights;
+    uint8_t enable;
+} BACnetAssignedAccessRights;
+
+/* Access rule element (60 bytes): a time range and a location, each
+ * "specified" (0) by its reference or "always"/"all" (1). */
+typedef struct BACnetAccessRule {
+    uint32_t timeRangeSpecifier;
+    BACnetDevObjPropReference timeRange;
+    uint32_t locationSpecifier;
+    BACnetDevObjReference location;
+    uint8_t enable;
+} BACnetAccessRule;
+
+/* Port permission element (8 bytes). */
+typedef struct BACnetPortPermission {
+    uint32_t portId;
+    uint8_t enabled;
+} BACnetPortPermission;
+
+/* Network security values. */
+
+/* VT session element (20 bytes). */
+typedef struct BACnetVtSession {
+    uint32_t localSessionId;
+    uint32_t remoteSessionId;
+    BACnetAddress remoteAddress;
+} BACnetVtSession;
+
+/* Network security policy element (8 bytes). */
+typedef struct BACnetNetworkSecurityPolicy {
+    uint32_t portId;
+    uint32_t securityLevel; /* enumerated */
+} BACnetNetworkSecurityPolicy;
+
+/* Key identifier element (8 bytes). */
+typedef struct BACnetKeyIdentifier {
+    uint32_t algorithm;
+    uint32_t keyId;
+} BACnetKeyIdentifier;
+
 /* Event and fault parameters. */
 
 /* Extended parameter (32 bytes): a datatype code (0, 16, 32, 64, 80, 96,

@@ -130,6 +130,49 @@ BACFMT_API int BACnetSPrintDestination(char *dst, int size, const BACnetDestinat
 BACFMT_API int BACnetSPrintAddressBinding(char *dst, int size, const BACnetAddressBinding *value,
                                           uint8_t symbolic);
 
+/* Subscriptions: a client COV increment "[0] real" or "[1] NULL", a COV
+ * subscription "(recipient,process,(object,property,index),confirmed,
+ * time remaining,increment|-)", an event notification subscription
+ * "(recipient,process,confirmed,time remaining)", a process identifier
+ * selection "[0] process" or "[1] NULL". */
+BACFMT_API int BACnetSPrintClientCOV(char *dst, int size, const BACnetClientCov *value);
+BACFMT_API int BACnetSPrintCovSubscription(char *dst, int size, const BACnetCovSubscription *value,
+                                           uint8_t symbolic);
+BACFMT_API int BACnetSPrintEventNotificationSubscription(
+    char *dst, int size, const BACnetEventNotificationSubscription *value, uint8_t symbolic);
+BACFMT_API int BACnetSPrintProcessIdSelection(char *dst, int size,
+                                              const BACnetProcessIdSelection *value, uint8_t symbolic);
+
+/* Access control values: a factor format "(type,vendor|-,format|-)", a
+ * factor "(type,class,0xoctets)", assigned access rights
+ * "((device|-,object),enabled)", an access rule "(time specifier,time
+ * range|-,location specifier,location|-,enabled)" (specifier 0: the
+ * reference that follows; 1: always / all), a port permission
+ * "(port,enabled)". */
+BACFMT_API int BACnetSPrintAuthenticationFactorFormat(char *dst, int size,
+                                                      const BACnetAuthenticationFactorFormat *value,
+                                                      uint8_t symbolic);
+BACFMT_API int BACnetSPrintAuthenticationFactor(char *dst, int size,
+                                                const BACnetAuthenticationFactor *value,
+                                                uint8_t symbolic);
+BACFMT_API int BACnetSPrintAssignedAccessRights(char *dst, int size,
+                                                const BACnetAssignedAccessRights *value,
+                                                uint8_t symbolic);
+BACFMT_API int BACnetSPrintAccessRule(char *dst, int size, const BACnetAccessRule *value,
+                                      uint8_t symbolic);
+BACFMT_API int BACnetSPrintPortPermission(char *dst, int size, const BACnetPortPermission *value,
+                                          uint8_t symbolic);
+
+/* Network security values: a VT session "(local,remote,(network,0xMAC))",
+ * a policy "(port,security level)", a key identifier "(algorithm,key)". */
+BACFMT_API int BACnetSPrintVtSession(char *dst, int size, const BACnetVtSession *value,
+                                     uint8_t symbolic);
+BACFMT_API int BACnetSPrintNetworkSecurityPolicy(char *dst, int size,
+                                                 const BACnetNetworkSecurityPolicy *value,
+                                                 uint8_t symbolic);
+BACFMT_API int BACnetSPrintKeyIdentifier(char *dst, int size, const BACnetKeyIdentifier *value,
+                                         uint8_t symbolic);
+
 /* Event and fault parameters: "[type] " and the algorithm's fields. The
  * event parameter's bit strings print for `propertyId`. The closing ")"
  * of event types 13, 17 and 18 is written without a room check, as is an

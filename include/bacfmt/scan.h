@@ -136,6 +136,33 @@ BACFMT_API int BACnetSScanRecipient(char *text, void **payload, int32_t *count, 
 BACFMT_API int BACnetSScanDestination(char *text, void **payload, int32_t *count, int32_t sizeOnly);
 BACFMT_API int BACnetSScanAddressBinding(char *text, void **payload, int32_t *count,
                                          int32_t sizeOnly);
+/* Subscriptions, access control and network security values. A value
+ * of fields is one group "(a,b,...)", a list a group of groups. An
+ * authentication factor's octets lie behind the element array (the
+ * dispatcher moves its cursor past the elements only) or in blocks of
+ * their own. */
+BACFMT_API int BACnetSScanClientCov(char *text, void **payload, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanCovSubscription(char *text, void **payload, int32_t *count,
+                                          int32_t sizeOnly);
+BACFMT_API int BACnetSScanEventNotificationSubscription(char *text, void **payload,
+                                                        int32_t separateLists, int32_t *count,
+                                                        int32_t sizeOnly);
+BACFMT_API int BACnetSScanProcessIdSelection(char *text, void **payload, int32_t separateLists,
+                                             int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanAuthenticationFactorFormat(char *text, void **payload, int32_t *count,
+                                                     int32_t sizeOnly);
+BACFMT_API int BACnetSScanAuthenticationFactor(char *text, void **payload, int32_t separateLists,
+                                               void **tail, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanAssignedAccessRights(char *text, void **payload, int32_t *count,
+                                               int32_t sizeOnly);
+BACFMT_API int BACnetSScanAccessRule(char *text, void **payload, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanPortPermission(char *text, void **payload, int32_t separateLists,
+                                         int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanVtSession(char *text, void **payload, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanNetworkSecurityPolicy(char *text, void **payload, int32_t *count,
+                                                int32_t sizeOnly);
+BACFMT_API int BACnetSScanKeyIdentifier(char *text, void **payload, int32_t *count,
+                                        int32_t sizeOnly);
 /* Event and fault parameters. The filling pass counts an extended list as
  * 128 bytes whatever it holds (and a change-of-character-string list not
  * at all): size with the sizing pass. The sizing pass takes fault type 0

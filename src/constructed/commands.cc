@@ -37,7 +37,6 @@ bool IsAbsent(const char *field) { return std::strcmp(field, HyphenString) == 0;
 // A piece of one character needs it and the terminator.
 int Mark(Writer &out, const char *mark) { return out.Text(mark); }
 
-int ReadBooleanField(char *text, uint8_t &value) { return ScanOneElement(BACnetSScanBoolean, text, value); }
 
 // "-" or the number, setting `bit` of `present` when there is a number.
 template <typename Number, typename Convert>

@@ -36,6 +36,21 @@ bool WrittenAsGroup(const char *part, const char *textStart) {
     return part > textStart && IsOpeningBracket(part[-1]) != 0;
 }
 
+int ReadNumberField(char *text, uint32_t &value) {
+    text = KillTrailLeadSpace(text);
+    if (!IsDecimalDigit(text[0])) return kSyntaxError;
+    value = TextToUnsigned(text, 0);
+    return 0;
+}
+
+int ReadOptionalNumberField(char *text, uint32_t &value) {
+    if (IsVoidString(text) != 0) {
+        value = BACNET_ABSENT_U32;
+        return 0;
+    }
+    return ReadNumberField(text, value);
+}
+
 int32_t VoidOrIndex(char *text) { return static_cast<int32_t>(VoidOrDecimal(text)); }
 
 }  // namespace bacfmt

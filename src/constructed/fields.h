@@ -45,6 +45,16 @@ int ScanOneElement(FixedScanner scanner, char *text, Element &element) {
     return result < 0 ? result : 0;
 }
 
+// T, F, 1 or 0 (and the other spellings the boolean scanner reads).
+inline int ReadBooleanField(char *text, uint8_t &value) { return ScanOneElement(BACnetSScanBoolean, text, value); }
+
+// A whole number, decimal or 0x hexadecimal: -2 unless it starts with a
+// digit.
+int ReadNumberField(char *text, uint32_t &value);
+
+// "-" (absent: all ones) or a whole number.
+int ReadOptionalNumberField(char *text, uint32_t &value);
+
 // Splits `text` into at least `atLeast` and at most N trimmed parts;
 // missing parts stay null.
 template <size_t N>

@@ -17,6 +17,14 @@ int ReadDestination(char *text, BACnetDestination &destination);
 // "(type,instance),(network,0xMAC)".
 int ReadAddressBinding(char *text, BACnetAddressBinding &binding);
 
+// Subscriptions: "[0] real" or "[1] NULL"; "[0] process" or "[1] NULL";
+// the fields of a COV subscription and of an event notification
+// subscription.
+int ReadClientCov(char *text, BACnetClientCov &value);
+int ReadProcessIdSelection(char *text, BACnetProcessIdSelection &value);
+int ReadCovSubscription(char *const (&part)[6], BACnetCovSubscription &value);
+int ReadEventNotificationSubscription(char *const (&part)[4], BACnetEventNotificationSubscription &value);
+
 }  // namespace bacfmt
 
 #endif  // BACFMT_CONSTRUCTED_RECIPIENTS_H

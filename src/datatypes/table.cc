@@ -8,6 +8,7 @@
 
 #include <bacfmt/print.h>
 
+#include "constructed/access_control.h"
 #include "constructed/commands.h"
 #include "constructed/event_parameters.h"
 #include "constructed/log_records.h"
@@ -167,12 +168,12 @@ constexpr DatatypeInfo kRows[] = {
     Scans(Row(CT_PROPERTY_REFERENCE, "CT_PROPERTY_REFERENCE", sizeof(BACnetPropertyReference), Print<BACnetSPrintPropertyReference>), ScanWith<BACnetSScanPropertyReference>(K::Fixed)),
     Scans(Row(CT_ADDRESS_BINDING,  "CT_ADDRESS_BINDING",  sizeof(BACnetAddressBinding), Print<BACnetSPrintAddressBinding>, {30, 170, 171}), ScanWith<BACnetSScanAddressBinding>(K::Fixed)),
     Scans(Row(CT_DEV_OBJ_PROP_REFERENCE, "CT_DEV_OBJ_PROP_REFERENCE", sizeof(BACnetDevObjPropReference), Print<BACnetSPrintDevObjPropReference>, {54}), ScanWith<BACnetSScanDevObjPropReference>(K::Fixed)),
-    Row(CT_CLIENT_COV,             "CT_CLIENT_COV",             8),
+    Scans(Row(CT_CLIENT_COV, "CT_CLIENT_COV", sizeof(BACnetClientCov), Print<BACnetSPrintClientCOV>), ScanWith<BACnetSScanClientCov>(K::Fixed)),
     Frees(Scans(Row(CT_LOG_RECORD, "CT_LOG_RECORD", sizeof(BACnetLogRecord), Print<BACnetSPrintLogRecord>, {131}), ScanWith<BACnetSScanLogRecord>(K::Variable)), ReleaseLogRecords),
     Frees(Scans(Row(CT_ACTION_LIST, "CT_ACTION_LIST", sizeof(BACnetActionList), Print<BACnetSPrintActionList>, {2}), ScanWith<BACnetSScanActionListArray>(K::Variable)), ReleaseActionLists),
     Frees(Scans(Row(CT_READ_ACCESS_SPEC, "CT_READ_ACCESS_SPEC", sizeof(BACnetReadAccessSpec), Print<BACnetSPrintReadAccessSpec>, {53}), ScanWith<BACnetSScanReadAccessSpec>(K::Variable)), ReleaseReadAccessSpecs),
     Frees(Scans(Row(CT_READ_ACCESS_RESULT, "CT_READ_ACCESS_RESULT", sizeof(BACnetReadAccessResult), Print<BACnetSPrintReadAccessResult>, {85}), ScanWith<BACnetSScanReadAccessResult>(K::Variable)), ReleaseReadAccessResults),
-    Row(CT_COV_SUBSCRIPTION,       "CT_COV_SUBSCRIPTION",       52, nullptr, {152}),
+    Scans(Row(CT_COV_SUBSCRIPTION, "CT_COV_SUBSCRIPTION", sizeof(BACnetCovSubscription), Print<BACnetSPrintCovSubscription>, {152}), ScanWith<BACnetSScanCovSubscription>(K::Fixed)),
     Scans(Row(CT_DEV_OBJ_REFERENCE, "CT_DEV_OBJ_REFERENCE", sizeof(BACnetDevObjReference), Print<BACnetSPrintDevObjReference>, {159, 165, 211, 265, 266, 268, 269, 286}), ScanWith<BACnetSScanDevObjReference>(K::Fixed)),
     Frees(Scans(Row(CT_DEV_OBJ_PROP_VALUE, "CT_DEV_OBJ_PROP_VALUE", sizeof(BACnetDevObjPropValue), Print<BACnetSPrintDevObjPropValue>), ScanWith<BACnetSScanDevObjPropValue>(K::Variable)), ReleaseDevObjPropValues),
     Scans(Row(CT_ACCUMULATOR_RECORD, "CT_ACCUMULATOR_RECORD", sizeof(BACnetAccumulatorRecord), Print<BACnetSPrintAccumulatorRecord>), ScanWith<BACnetSScanAccumulatorRecord>(K::Fixed)),
@@ -182,24 +183,24 @@ constexpr DatatypeInfo kRows[] = {
     Frees(Scans(Row(CT_LOG_RECORD_MULTIPLE, "CT_LOG_RECORD_MULTIPLE", sizeof(BACnetLogRecordMultiple), Print<BACnetSPrintLogRecordMultiple>, {131}), ScanWith<BACnetSScanLogRecordMultiple>(K::Variable)), ReleaseLogRecordsMultiple),
     Scans(Row(CT_SHED_LEVEL,       "CT_SHED_LEVEL",       sizeof(BACnetShedLevel),   Print<BACnetSPrintShedLevel>),  ScanWith<BACnetSScanShedLevel>(K::Fixed)),
     Row(CT_AUTHENTICATION_POLICY,  "CT_AUTHENTICATION_POLICY",  16),
-    Row(CT_AUTHENTICATION_FACTOR,  "CT_AUTHENTICATION_FACTOR",  20),
+    Frees(Scans(Row(CT_AUTHENTICATION_FACTOR, "CT_AUTHENTICATION_FACTOR", sizeof(BACnetAuthenticationFactor), Print<BACnetSPrintAuthenticationFactor>), ScanWith<BACnetSScanAuthenticationFactor>(K::VariableArrayCursor)), ReleaseAuthenticationFactors),
     Row(CT_CREDENTIAL_AUTHENTICATION_FACTOR, "CT_CREDENTIAL_AUTHENTICATION_FACTOR", 24),
-    Row(CT_ACCESS_RULE,            "CT_ACCESS_RULE",            60),
-    Row(CT_ASSIGNED_ACCESS_RIGHTS, "CT_ASSIGNED_ACCESS_RIGHTS", 24),
-    Row(CT_AUTHENTICATION_FACTOR_FORMAT, "CT_AUTHENTICATION_FACTOR_FORMAT", 12),
+    Scans(Row(CT_ACCESS_RULE, "CT_ACCESS_RULE", sizeof(BACnetAccessRule), Print<BACnetSPrintAccessRule>), ScanWith<BACnetSScanAccessRule>(K::Fixed)),
+    Scans(Row(CT_ASSIGNED_ACCESS_RIGHTS, "CT_ASSIGNED_ACCESS_RIGHTS", sizeof(BACnetAssignedAccessRights), Print<BACnetSPrintAssignedAccessRights>), ScanWith<BACnetSScanAssignedAccessRights>(K::Fixed)),
+    Scans(Row(CT_AUTHENTICATION_FACTOR_FORMAT, "CT_AUTHENTICATION_FACTOR_FORMAT", sizeof(BACnetAuthenticationFactorFormat), Print<BACnetSPrintAuthenticationFactorFormat>), ScanWith<BACnetSScanAuthenticationFactorFormat>(K::Fixed)),
     Frees(Scans(Row(CT_OPTIONAL_CHARACTER_STRING, "CT_OPTIONAL_CHARACTER_STRING", sizeof(BACnetCharString),
         PrintOptionalCharacterStringElement, {7, 39}), ScanWith<BACnetSScanOptionalCharString>(K::Variable)), kFreeChars),
     Frees(Scans(Row(CT_PROPERTY_ACCESS_RESULT, "CT_PROPERTY_ACCESS_RESULT", sizeof(BACnetPropertyAccessResult), Print<BACnetSPrintPropertyAccessResult>), ScanWith<BACnetSScanPropertyAccessResult>(K::VariableArrayCursor)), ReleasePropertyAccessResults),
-    Row(CT_VT_SESSION,             "CT_VT_SESSION",             20),
+    Scans(Row(CT_VT_SESSION, "CT_VT_SESSION", sizeof(BACnetVtSession), Print<BACnetSPrintVtSession>), ScanWith<BACnetSScanVtSession>(K::Fixed)),
     Row(CT_SESSION_KEY,            "CT_SESSION_KEY",            24),
-    Row(CT_NETWORK_SECURITY_POLICY, "CT_NETWORK_SECURITY_POLICY", 8),
-    Row(CT_KEY_IDENTIFIER,         "CT_KEY_IDENTIFIER",         8),
+    Scans(Row(CT_NETWORK_SECURITY_POLICY, "CT_NETWORK_SECURITY_POLICY", sizeof(BACnetNetworkSecurityPolicy), Print<BACnetSPrintNetworkSecurityPolicy>), ScanWith<BACnetSScanNetworkSecurityPolicy>(K::Fixed)),
+    Scans(Row(CT_KEY_IDENTIFIER, "CT_KEY_IDENTIFIER", sizeof(BACnetKeyIdentifier), Print<BACnetSPrintKeyIdentifier>), ScanWith<BACnetSScanKeyIdentifier>(K::Fixed)),
     Row(CT_SECURITY_KEY_SET,       "CT_SECURITY_KEY_SET",       52),
     Scans(Row(CT_LIGHTING_COMMAND, "CT_LIGHTING_COMMAND", sizeof(BACnetLightingCommand), Print<BACnetSPrintLightingCommand>), ScanWith<BACnetSScanLightingCommand>(K::Fixed)),
     Frees(Scans(Row(CT_CHANNEL_VALUE, "CT_CHANNEL_VALUE", sizeof(BACnetChannelValue), Print<BACnetSPrintChannelValue>), ScanWith<BACnetSScanChannelValue>(K::Variable)), ReleaseChannelValues),
-    Row(CT_EVENT_NOTIFICATION_SUBSCRIPTION, "CT_EVENT_NOTIFICATION_SUBSCRIPTION", 28),
-    Row(CT_PROCESS_ID_SELECTION,   "CT_PROCESS_ID_SELECTION",   8),
-    Row(CT_PORT_PERMISSION,        "CT_PORT_PERMISSION",        8),
+    Scans(Row(CT_EVENT_NOTIFICATION_SUBSCRIPTION, "CT_EVENT_NOTIFICATION_SUBSCRIPTION", sizeof(BACnetEventNotificationSubscription), Print<BACnetSPrintEventNotificationSubscription>), ScanWith<BACnetSScanEventNotificationSubscription>(K::Fixed)),
+    Scans(Row(CT_PROCESS_ID_SELECTION, "CT_PROCESS_ID_SELECTION", sizeof(BACnetProcessIdSelection), Print<BACnetSPrintProcessIdSelection>), ScanWith<BACnetSScanProcessIdSelection>(K::Fixed)),
+    Scans(Row(CT_PORT_PERMISSION, "CT_PORT_PERMISSION", sizeof(BACnetPortPermission), Print<BACnetSPrintPortPermission>), ScanWith<BACnetSScanPortPermission>(K::Fixed)),
     Frees(Scans(Row(CT_FAULT_PARAMETER, "CT_FAULT_PARAMETER", sizeof(BACnetFaultParameter), Print<BACnetSPrintFaultParameter>), ScanWith<BACnetSScanFaultParameter>(K::VariableArrayCursor)), ReleaseFaultParameters),
 
     Frees(Scans(Led(Row(CT_ASN1_FIRST,  "CT_ASN1_FIRST",  sizeof(BACnetRawASN1), Print<BACnetSPrintRawASN1>), "[ASN1]"), ScanWith<BACnetSScanASN1String>(K::Variable)), kFreeRaw),
