@@ -66,6 +66,7 @@ TEST(Notification, EveryTypeReadsBack) {
         "[18] [4] 2.500000,(0,0,0,0)",
         "[18] -,(0,1,0,0)",
         "[13] 3,(0,0,0,0),7,[1] 12,(-,(0,1)),-",
+        "[13] 3,(0,0,0,0),7,[1] 12,(-,(0,1)),(1,2,0x0a0b)",
     };
     for (const char *text : texts) {
         EXPECT_EQ(RoundTrip(text, false), text) << "one block";

@@ -624,7 +624,7 @@ typedef struct BACnetNotificationParameters {
             BACnetTimeStamp accessEventTime;
             BACnetDevObjReference accessCredential;
             uint8_t factorPresent;
-            uint32_t factor[5]; /* the authentication factor */
+            BACnetAuthenticationFactor factor;
         } accessEvent;                                                                                       /* 13 */
         struct { uint32_t exceedingValue[2]; BACnetBitString statusFlags; uint32_t deadband[2]; uint32_t exceededLimit[2]; } doubleOutOfRange; /* 14 */
         struct { int32_t exceedingValue; BACnetBitString statusFlags; int32_t deadband; int32_t exceededLimit; } signedOutOfRange; /* 15 */

@@ -9,6 +9,7 @@
 #include <bacfmt/print.h>
 #include <bacfmt/scan.h>
 
+#include "constructed/access_control.h"
 #include "constructed/extended.h"
 #include "constructed/field_writer.h"
 #include "constructed/fields.h"
@@ -91,13 +92,8 @@ int PutCommandFailure(Writer &out, Fields &fields, const Parameters &value) {
     }
 }
 
-// The authentication factor is printed, read and released through its
-// datatype's row, so that it follows the access-control family.
-int PutFactor(Writer &out, const uint32_t (&factor)[5], uint8_t names) {
-    const DatatypeInfo *row = FindDatatype(CT_AUTHENTICATION_FACTOR);
-    if (row == nullptr || row->print == nullptr || row->elementSize > sizeof factor) return out.Text(UnknownString);
-    const PrintContext context{0, names, false};
-    return out.Step(row->print(out.at(), out.room(), factor, context));
+int PutFactor(Writer &out, const BACnetAuthenticationFactor &factor, uint8_t names) {
+    return out.Put(BACnetSPrintAuthenticationFactor, &factor, names);
 }
 
 int PutAccessEvent(Writer &out, Fields &fields, const Parameters &value, uint8_t names) {
@@ -393,7 +389,7 @@ int ReadAccessEvent(char *const *part, Parameters &value, NestedParts &parts) {
     auto &event = value.u.accessEvent;
     event.factorPresent = IsVoidString(part[5]) != 0 ? 0 : 1;
     const int factor = event.factorPresent != 0
-                           ? parts.InlineElement(CT_AUTHENTICATION_FACTOR, part[5], event.factor, sizeof event.factor)
+                           ? parts.InlineElement(CT_AUTHENTICATION_FACTOR, part[5], &event.factor, sizeof event.factor)
                            : 0;
     if (factor < 0 || parts.sizing()) return factor;
     const int result =
@@ -406,10 +402,7 @@ int ReadAccessEvent(char *const *part, Parameters &value, NestedParts &parts) {
 }
 
 void ReleaseAccessEvent(Parameters &value) {
-    auto &event = value.u.accessEvent;
-    const DatatypeInfo *row = FindDatatype(CT_AUTHENTICATION_FACTOR);
-    if (event.factorPresent != 0 && row != nullptr && row->release != nullptr && row->elementSize <= sizeof event.factor)
-        row->release(event.factor, 1);
+    if (value.u.accessEvent.factorPresent != 0) ReleaseAuthenticationFactors(&value.u.accessEvent.factor, 1);
 }
 
 // What the fields with nested parts add, in both passes: a void present
