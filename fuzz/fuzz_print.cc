@@ -109,6 +109,31 @@ void PrintLists(const BACnetContents &record, int names) {
 }
 
 // Records of every row of the datatype table, scanned from the text.
+// Every printer that takes the scanned record, at every capacity.
+void PrintRecord(const BACnetContents &record, unsigned flags) {
+    const uint8_t prefix = static_cast<uint8_t>(flags % 3);
+    const uint8_t symbolic = static_cast<uint8_t>(flags / 3 % 4);
+    const uint32_t property = kProperties[flags / 12 % kPropertyCount];
+    Reach reach = Bound(overruns::MostPastOfDatatype(record.type, symbolic));
+    reach.terminatesFirst = true;
+    SweepSizes([&](char *dst, int n) { return BACnetSPrintContents(dst, n, &record, property, symbolic, prefix); },
+               reach);
+    if (record.type == CT_ACTION_LIST && record.data != nullptr)
+        SweepSizes([&](char *dst, int n) {
+            return BACnetSPrintAction(dst, n, static_cast<const BACnetActionList *>(record.data), symbolic, record.count);
+        }, Bound(BACNET_PRINT_OVERRUN));
+    PrintLists(record, symbolic);
+
+    // The static buffer holds the same text as a caller's buffer.
+    char own[4096 + BACNET_PRINT_OVERRUN];
+    if (BACnetSPrintContents(own, 4096, &record, property, symbolic, 0) >= 0 &&
+        std::strcmp(own, BACnetPrintContents(&record, property, symbolic)) != 0)
+        std::abort();
+}
+
+// Records of every row of the datatype table, scanned from the text into a
+// record of their own, or, where that layout cannot hold the value (a read
+// access result's untagged values), into one block sized first.
 void PrintScanned(const bacfmt::DatatypeInfo &row, unsigned flags, const uint8_t *data, size_t size) {
     std::string text(reinterpret_cast<const char *>(data), size);
     if (text.empty() || text[0] != '[') text = "[" + std::to_string(row.code) + "] " + text;
@@ -117,28 +142,18 @@ void PrintScanned(const bacfmt::DatatypeInfo &row, unsigned flags, const uint8_t
     BACnetContents *record = nullptr;
     void *tail = nullptr;
     const int result = BACnetSScanContents(scanned.fresh(), &record, 0, 0, &tail, 0, -1);
-    if (result >= 0 && record != nullptr) {
-        const uint8_t prefix = static_cast<uint8_t>(flags % 3);
-        const uint8_t symbolic = static_cast<uint8_t>(flags / 3 % 4);
-        const uint32_t property = kProperties[flags / 12 % kPropertyCount];
-        Reach reach = Bound(overruns::MostPastOfDatatype(record->type, symbolic));
-        reach.terminatesFirst = true;
-        SweepSizes([&](char *dst, int n) { return BACnetSPrintContents(dst, n, record, property, symbolic, prefix); },
-                   reach);
-        if (record->type == CT_ACTION_LIST && record->data != nullptr)
-            SweepSizes([&](char *dst, int n) {
-                return BACnetSPrintAction(dst, n, static_cast<const BACnetActionList *>(record->data), symbolic,
-                                          record->count);
-            }, Bound(BACNET_PRINT_OVERRUN));
-        PrintLists(*record, symbolic);
-
-        // The static buffer holds the same text as a caller's buffer.
-        char own[4096];
-        if (BACnetSPrintContents(own, sizeof own, record, property, symbolic, 0) >= 0 &&
-            std::strcmp(own, BACnetPrintContents(record, property, symbolic)) != 0)
-            std::abort();
-    }
+    if (result >= 0 && record != nullptr) PrintRecord(*record, flags);
     BACnetFreeContents(record);  // also after a failure
+    if (result >= 0) return;
+
+    BACnetContents *none = nullptr;
+    const int sized = BACnetSScanContents(scanned.fresh(), &none, 0, 0, &tail, 1, -1);
+    if (sized < static_cast<int>(sizeof(BACnetContents)) || sized > (1 << 20)) return;
+    // Read access elements take more filling than sizing counts.
+    std::vector<uint64_t> block((static_cast<size_t>(sized) + 8 * text.size()) / 8 + 8, 0);
+    auto *inBlock = reinterpret_cast<BACnetContents *>(block.data());
+    tail = nullptr;
+    if (BACnetSScanContents(scanned.fresh(), &inBlock, 0, 0, &tail, 0, -1) >= 0) PrintRecord(*inBlock, flags);
 }
 
 // A character string of any set from raw bytes, units terminated.

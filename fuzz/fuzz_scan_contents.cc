@@ -16,6 +16,7 @@
 #include <bacfmt/scan.h>
 
 #include "fuzz_text.h"
+#include "constructed/notification.h"
 #include "datatypes/table.h"
 
 namespace {
@@ -60,6 +61,21 @@ int ScanInto(unsigned char *block, const Choice &c, char *text, void *cursor) {
     return result;
 }
 
+
+void ScanNotification(Text &text, int32_t expectedCount) {
+    void *none = nullptr;
+    void *tail = nullptr;
+    int32_t count = expectedCount;
+    BACnetSScanNotificationParameters(text.fresh(), &none, 0, &tail, &count, 1);
+    void *own = nullptr;
+    count = expectedCount;
+    BACnetSScanNotificationParameters(text.fresh(), &own, 1, &tail, &count, 0);
+    if (own != nullptr) {
+        bacfmt::ReleaseNotificationParameters(own, static_cast<uint32_t>(count) + 1);
+        std::free(own);
+    }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
@@ -91,5 +107,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     BACnetContents *record = nullptr;
     BACnetSScanContents(text.fresh(), &record, c.expectedCount, c.separateLists, &tail, 0, c.hint);
     BACnetFreeContents(record);  // also after a failure: it stopped at `count`
+
+    // Notification parameters have no datatype code of their own: the
+    // same text through their scanner, sized and then in blocks of its own.
+    if (c.type == CT_EVENT_LOG_RECORD) ScanNotification(text, c.expectedCount);
     return 0;
 }
