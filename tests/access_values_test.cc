@@ -27,6 +27,11 @@ const Notation kNotations[] = {
     {CT_VT_SESSION, "((1,2,(0,0x0a)),(3,4,(5,0x)))"},
     {CT_NETWORK_SECURITY_POLICY, "((1,2),(3,0))"},
     {CT_KEY_IDENTIFIER, "((1,2),(3,4))"},
+    {CT_CREDENTIAL_AUTHENTICATION_FACTOR, "((0,(1,2,0x0a)),(1,(3,4,0x)))"},
+    {CT_AUTHENTICATION_POLICY, "(((((-,(0,1)),1),(((8,5),(0,2)),2)),T,30),((),F,0))"},
+    {CT_SESSION_KEY, "((0x0102030405060708,(0,0x0a)),(0x,(1,0x)))"},
+    {CT_SECURITY_KEY_SET, "((1,((monday, 1-january-2024),00:00:00.00),((*,*-*-*),*:*:*.*),((1,2),(3,4))),"
+                          "(2,((monday, 1-january-2024),00:00:00.00),((*,*-*-*),*:*:*.*),()))"},
 };
 
 TEST(AccessValues, NotationsReadBack) {
@@ -49,6 +54,7 @@ TEST(AccessValues, RefusedTexts) {
         {CT_AUTHENTICATION_FACTOR_FORMAT, "(1,x,-)", -2},
         {CT_COV_SUBSCRIPTION, "([0] (8,5),7,((0,1),85,-),T,300)", -2},  // a field missing
         {CT_ACCESS_RULE, "(0,-,1,-,T)", -2},         // specified, but no time range
+        {CT_SESSION_KEY, "(0x0102030405060708090a0b0c,(0,0x0a))", -2},  // more than eleven octets
     };
     for (const Case &c : cases) {
         BACnetContents *record = nullptr;

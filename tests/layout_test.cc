@@ -63,6 +63,10 @@ TEST(Layout, RecordAndPointerElementsOn32BitTarget) {
     EXPECT_EQ(sizeof(BACnetPriArrayItem), 28u);
     EXPECT_EQ(sizeof(BACnetAuthenticationFactor), 20u);
     EXPECT_EQ(sizeof(BACnetVtSession), 20u);
+    EXPECT_EQ(sizeof(BACnetCredentialAuthenticationFactor), 24u);
+    EXPECT_EQ(sizeof(BACnetAuthenticationPolicy), 16u);
+    EXPECT_EQ(sizeof(BACnetSessionKey), 24u);
+    EXPECT_EQ(sizeof(BACnetSecurityKeySet), 52u);
     EXPECT_EQ(sizeof(BACnetNotificationParameters), 104u);
     EXPECT_EQ(sizeof(BACnetExtendedParameter), 32u);
     EXPECT_EQ(sizeof(BACnetEventParameter), 52u);

@@ -94,9 +94,9 @@ TEST(PrintContents, FailuresKeepWhatWasWritten) {
     EXPECT_EQ(bracketed.result, -2);
     EXPECT_EQ(bracketed.text, "");
     // An unknown code after a prefix: the prefix length plus the -2 of "?".
-    const Printed unknown = PrintRecord(CT_SESSION_KEY, 1, &kUnsigned5, 0, 0, 2, 7);  // no printer yet
+    const Printed unknown = PrintRecord(CT_ASN1_LAST, 1, &kUnsigned5, 0, 0, 2, 7);  // prints "?"
     EXPECT_EQ(unknown.result, 6 - 2);
-    EXPECT_EQ(unknown.text, "[299] ");
+    EXPECT_EQ(unknown.text, "[515] ");
     // The prefix is measured: it needs its length plus the terminator.
     EXPECT_EQ(PrintRecord(CT_UNSIGNED, 1, &kUnsigned5, 0, 0, 1, 4).result, -2);
 }

@@ -454,6 +454,27 @@ typedef struct BACnetAuthenticationFactor {
     BACnetOctetString value;
 } BACnetAuthenticationFactor;
 
+/* Credential authentication factor element (24 bytes). */
+typedef struct BACnetCredentialAuthenticationFactor {
+    uint32_t disable; /* enumerated */
+    BACnetAuthenticationFactor factor;
+} BACnetCredentialAuthenticationFactor;
+
+/* One entry of an authentication policy (24 bytes). */
+typedef struct BACnetAuthenticationPolicyEntry {
+    BACnetDevObjReference credentialDataInput;
+    uint32_t index;
+} BACnetAuthenticationPolicyEntry;
+
+/* Authentication policy element (16 bytes): its entries lie behind the
+ * element array or in a block of their own. */
+typedef struct BACnetAuthenticationPolicy {
+    uint32_t count;
+    BACnetAuthenticationPolicyEntry *entries;
+    uint8_t orderEnforced;
+    uint32_t timeout;
+} BACnetAuthenticationPolicy;
+
 /* Assigned access rights element (24 bytes). */
 typedef struct BACnetAssignedAccessRights {
     BACnetDevObjReference accessRights;
@@ -496,6 +517,23 @@ typedef struct BACnetKeyIdentifier {
     uint32_t algorithm;
     uint32_t keyId;
 } BACnetKeyIdentifier;
+
+/* Session key element (24 bytes): up to eleven key octets and the peer. */
+typedef struct BACnetSessionKey {
+    uint8_t keyLength;
+    uint8_t key[11];
+    BACnetAddress peer;
+} BACnetSessionKey;
+
+/* Security key set element (52 bytes): its key identifiers lie behind the
+ * element array or in a block of their own. */
+typedef struct BACnetSecurityKeySet {
+    uint32_t revision;
+    BACnetDateTime activation;
+    BACnetDateTime expiration;
+    uint32_t count;
+    BACnetKeyIdentifier *keyIds;
+} BACnetSecurityKeySet;
 
 /* Event and fault parameters. */
 

@@ -155,6 +155,14 @@ BACFMT_API int BACnetSPrintAuthenticationFactorFormat(char *dst, int size,
 BACFMT_API int BACnetSPrintAuthenticationFactor(char *dst, int size,
                                                 const BACnetAuthenticationFactor *value,
                                                 uint8_t symbolic);
+/* A credential authentication factor "(disable,factor)"; an
+ * authentication policy "(((device|-,object),index),...),order enforced,
+ * timeout)". */
+BACFMT_API int BACnetSPrintCredentialAuthenticationFactor(
+    char *dst, int size, const BACnetCredentialAuthenticationFactor *value, uint8_t symbolic);
+BACFMT_API int BACnetSPrintAuthenticationPolicy(char *dst, int size,
+                                                const BACnetAuthenticationPolicy *value,
+                                                uint8_t symbolic);
 BACFMT_API int BACnetSPrintAssignedAccessRights(char *dst, int size,
                                                 const BACnetAssignedAccessRights *value,
                                                 uint8_t symbolic);
@@ -172,6 +180,12 @@ BACFMT_API int BACnetSPrintNetworkSecurityPolicy(char *dst, int size,
                                                  uint8_t symbolic);
 BACFMT_API int BACnetSPrintKeyIdentifier(char *dst, int size, const BACnetKeyIdentifier *value,
                                          uint8_t symbolic);
+/* A session key "(0xkey,(network,0xMAC))"; a key set "(revision,
+ * activation,expiration,(key identifiers))". */
+BACFMT_API int BACnetSPrintSessionKey(char *dst, int size, const BACnetSessionKey *value,
+                                      uint8_t symbolic);
+BACFMT_API int BACnetSPrintSecurityKeySet(char *dst, int size, const BACnetSecurityKeySet *value,
+                                          uint8_t symbolic);
 
 /* Event and fault parameters: "[type] " and the algorithm's fields. The
  * event parameter's bit strings print for `propertyId`. The closing ")"

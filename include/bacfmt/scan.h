@@ -163,6 +163,15 @@ BACFMT_API int BACnetSScanNetworkSecurityPolicy(char *text, void **payload, int3
                                                 int32_t sizeOnly);
 BACFMT_API int BACnetSScanKeyIdentifier(char *text, void **payload, int32_t *count,
                                         int32_t sizeOnly);
+BACFMT_API int BACnetSScanCredentialAuthenticationFactor(char *text, void **payload,
+                                                         int32_t separateLists, void **tail,
+                                                         int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanAuthenticationPolicy(char *text, void **payload, int32_t separateLists,
+                                               void **tail, int32_t *count, int32_t sizeOnly);
+/* A session key holds at most eleven octets. */
+BACFMT_API int BACnetSScanSessionKey(char *text, void **payload, int32_t *count, int32_t sizeOnly);
+BACFMT_API int BACnetSScanSecurityKeySet(char *text, void **payload, int32_t separateLists,
+                                         void **tail, int32_t *count, int32_t sizeOnly);
 /* Event and fault parameters. The filling pass counts an extended list as
  * 128 bytes whatever it holds (and a change-of-character-string list not
  * at all): size with the sizing pass. The sizing pass takes fault type 0

@@ -15,6 +15,7 @@
 
 #include "constructed/access_control.h"
 #include "constructed/fields.h"
+#include "constructed/list_printers.h"
 #include "constructed/tuples.h"
 #include "datatypes/release.h"
 #include "print/writer.h"
@@ -37,6 +38,16 @@ int ReadFactorParts(char *const (&part)[3], BACnetAuthenticationFactor &factor, 
     int result = ReadNumberField(part[0], factor.formatType);
     if (result < 0 || (result = ReadNumberField(part[1], factor.formatClass)) < 0) return result;
     return parts.InlineElement(CT_OCTET_STRING, part[2], &factor.value, sizeof factor.value);
+}
+
+// "((device|-,object),index)" entries of a policy.
+int ScanPolicyEntries(char *text, void **payload, int32_t *count, int32_t sizeOnly) {
+    return ScanTuples<BACnetAuthenticationPolicyEntry, 2>(
+        text, payload, count, sizeOnly, LastIsPlain<2>,
+        [](char *const (&part)[2], BACnetAuthenticationPolicyEntry &entry) {
+            const int result = ScanOneElement(BACnetSScanDevObjReference, part[0], entry.credentialDataInput);
+            return result < 0 ? result : ReadNumberField(part[1], entry.index);
+        });
 }
 
 }  // namespace
@@ -78,6 +89,31 @@ int ReadPortPermission(char *const (&part)[2], BACnetPortPermission &permission)
     return result < 0 ? result : ReadBooleanField(part[1], permission.enabled);
 }
 
+int ReadPolicyParts(char *const (&part)[3], BACnetAuthenticationPolicy &policy, NestedParts &parts) {
+    policy.entries = nullptr;
+    policy.count = 0;
+    const int entries = parts.Array(ScanPolicyEntries, part[0], policy.entries, policy.count);
+    if (entries < 0) return entries;
+    if (!parts.sizing() && !parts.separate()) parts.Advance(entries);
+    int result = ReadBooleanField(part[1], policy.orderEnforced);
+    if (result < 0 || (result = ReadNumberField(part[2], policy.timeout)) < 0) return result;
+    return entries;
+}
+
+void ReleaseCredentialAuthenticationFactors(void *factors, uint32_t count) {
+    ReleaseEach<BACnetCredentialAuthenticationFactor>(factors, count, [](BACnetCredentialAuthenticationFactor &value) {
+        std::free(value.factor.value.octets);
+        value.factor.value.octets = nullptr;
+    });
+}
+
+void ReleaseAuthenticationPolicies(void *policies, uint32_t count) {
+    ReleaseEach<BACnetAuthenticationPolicy>(policies, count, [](BACnetAuthenticationPolicy &policy) {
+        std::free(policy.entries);
+        policy.entries = nullptr;
+    });
+}
+
 void ReleaseAuthenticationFactors(void *factors, uint32_t count) {
     ReleaseEach<BACnetAuthenticationFactor>(factors, count, [](BACnetAuthenticationFactor &factor) {
         std::free(factor.value.octets);
@@ -105,6 +141,31 @@ extern "C" int BACnetSPrintAuthenticationFactor(char *dst, int size, const BACne
     return out.Sequence([&] { return out.Format("%s%u,%u,", LBraceString, value->formatType, value->formatClass); },
                         [&] { return out.Put(BACnetSPrintOctetString, &value->value); },
                         [&] { return out.Text(RBraceString); });
+}
+
+extern "C" int BACnetSPrintCredentialAuthenticationFactor(char *dst, int size,
+                                                          const BACnetCredentialAuthenticationFactor *value,
+                                                          uint8_t symbolic) {
+    Writer out(dst, size);
+    return out.Sequence([&] { return out.Format("%s%u,", LBraceString, value->disable); },
+                        [&] { return out.Put(BACnetSPrintAuthenticationFactor, &value->factor, symbolic); },
+                        [&] { return out.Text(RBraceString); });
+}
+
+extern "C" int BACnetSPrintAuthenticationPolicy(char *dst, int size, const BACnetAuthenticationPolicy *value,
+                                                uint8_t symbolic) {
+    Writer out(dst, size);
+    auto entries = [&] {
+        return PrintEach(out, value->entries, value->count, [&](const BACnetAuthenticationPolicyEntry &entry) {
+            return out.Sequence([&] { return out.Text(LBraceString); },
+                                [&] { return out.Put(BACnetSPrintDevObjReference, &entry.credentialDataInput, int{symbolic}); },
+                                [&] { return out.Format(",%u%s", entry.index, RBraceString); });
+        });
+    };
+    return out.Sequence([&] { return out.Format("%s%s", LBraceString, LBraceString); }, entries,
+                        [&] { return out.Format("%s,", RBraceString); },
+                        [&] { return out.Put(BACnetSPrintBoolean, value->orderEnforced, uint8_t{1}); },
+                        [&] { return out.Format(",%u%s", value->timeout, RBraceString); });
 }
 
 extern "C" int BACnetSPrintAssignedAccessRights(char *dst, int size, const BACnetAssignedAccessRights *value,
@@ -161,25 +222,22 @@ extern "C" int BACnetSScanPortPermission(char *text, void **payload, int32_t /*s
 // One factor, three fields with the octets last, or a list of them.
 extern "C" int BACnetSScanAuthenticationFactor(char *text, void **payload, int32_t separateLists, void **tail,
                                                int32_t *count, int32_t sizeOnly) {
-    if (text == nullptr) return kSyntaxError;
-    const char *start = text;
-    SaveText(strBackup, text);
-    {
-        ElementList elements(text);
-        if (elements.count() < 0) return kSyntaxError;
-        WalkedParts<3> one(elements);
-        if (elements.count() == 3 && LastIsPlain(one.part, start)) {
-            return ScanNestedElements<BACnetAuthenticationFactor>(
-                one, payload, separateLists, tail, count, sizeOnly,
-                [&one](char *, BACnetAuthenticationFactor &factor, NestedParts &parts) {
-                    for (char *p : one.part)
-                        if (p == nullptr) return kSyntaxError;
-                    return ReadFactorParts(one.part, factor, parts);
-                });
-        }
-    }
-    RestoreText(text, strBackup);
-    ElementList elements(text);
-    return ScanNestedElements<BACnetAuthenticationFactor>(elements, payload, separateLists, tail, count, sizeOnly,
-                                                          ReadAuthenticationFactor);
+    return ScanNestedTuples<BACnetAuthenticationFactor, 3>(text, payload, separateLists, tail, count, sizeOnly,
+                                                           LastIsPlain<3>, ReadFactorParts);
+}
+
+extern "C" int BACnetSScanCredentialAuthenticationFactor(char *text, void **payload, int32_t separateLists,
+                                                         void **tail, int32_t *count, int32_t sizeOnly) {
+    return ScanNestedTuples<BACnetCredentialAuthenticationFactor, 2>(
+        text, payload, separateLists, tail, count, sizeOnly, FirstIsPlain<2>,
+        [](char *const (&part)[2], BACnetCredentialAuthenticationFactor &value, NestedParts &parts) {
+            const int result = ReadNumberField(part[0], value.disable);
+            return result < 0 ? result : ReadAuthenticationFactor(part[1], value.factor, parts);
+        });
+}
+
+extern "C" int BACnetSScanAuthenticationPolicy(char *text, void **payload, int32_t separateLists, void **tail,
+                                               int32_t *count, int32_t sizeOnly) {
+    return ScanNestedTuples<BACnetAuthenticationPolicy, 3>(text, payload, separateLists, tail, count, sizeOnly,
+                                                           LastIsPlain<3>, ReadPolicyParts);
 }

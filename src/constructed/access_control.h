@@ -17,7 +17,12 @@ int ReadAssignedAccessRights(char *const (&part)[2], BACnetAssignedAccessRights 
 int ReadAccessRule(char *const (&part)[5], BACnetAccessRule &rule);
 int ReadPortPermission(char *const (&part)[2], BACnetPortPermission &permission);
 
+// "(entries),order enforced,timeout": the entries in an array of their own.
+int ReadPolicyParts(char *const (&part)[3], BACnetAuthenticationPolicy &policy, NestedParts &parts);
+
 void ReleaseAuthenticationFactors(void *factors, uint32_t count);
+void ReleaseCredentialAuthenticationFactors(void *factors, uint32_t count);
+void ReleaseAuthenticationPolicies(void *policies, uint32_t count);
 
 }  // namespace bacfmt
 

@@ -27,25 +27,8 @@ constexpr uint32_t kTransitionsProperty = 0;  // so do the transitions
 constexpr uint32_t kDays = 7;
 constexpr uint32_t kTransitions = 3;
 
-// "0x" or "X'..'" and pairs of hexadecimal digits, at most the MAC's room.
 int ReadMac(char *text, BACnetAddress &address) {
-    text = KillTrailLeadSpace(text);
-    const char *digits = text;
-    if (digits[0] == '0' && (digits[1] == 'x' || digits[1] == 'X')) {
-        digits += 2;
-    } else if ((digits[0] == 'X' || digits[0] == 'x') && digits[1] == '\'') {
-        digits += 2;
-    } else {
-        return kSyntaxError;
-    }
-    size_t length = std::strcspn(digits, "'");
-    if (digits[length] == '\'' && digits[length + 1] != '\0') return kSyntaxError;
-    if (length % 2 != 0 || length / 2 > sizeof address.mac) return kSyntaxError;
-    for (size_t i = 0; i < length; ++i)
-        if (std::isxdigit(static_cast<unsigned char>(digits[i])) == 0) return kSyntaxError;
-    std::memset(address.mac, 0, sizeof address.mac);
-    address.macLength = static_cast<uint8_t>(SScanHexByte(text, address.mac, static_cast<int>(length / 2)));
-    return 0;
+    return ReadOctetField(text, address.mac, sizeof address.mac, address.macLength);
 }
 
 int ReadAddressParts(char *network, char *mac, BACnetAddress &address) {
@@ -65,6 +48,26 @@ int PutAddress(Writer &out, const BACnetAddress &address) {
 }
 
 }  // namespace
+
+int ReadOctetField(char *text, uint8_t *octets, size_t room, uint8_t &length) {
+    text = KillTrailLeadSpace(text);
+    const char *digits = text;
+    if (digits[0] == '0' && (digits[1] == 'x' || digits[1] == 'X')) {
+        digits += 2;
+    } else if ((digits[0] == 'X' || digits[0] == 'x') && digits[1] == '\'') {
+        digits += 2;
+    } else {
+        return kSyntaxError;
+    }
+    const size_t count = std::strcspn(digits, "'");
+    if (digits[count] == '\'' && digits[count + 1] != '\0') return kSyntaxError;
+    if (count % 2 != 0 || count / 2 > room) return kSyntaxError;
+    for (size_t i = 0; i < count; ++i)
+        if (std::isxdigit(static_cast<unsigned char>(digits[i])) == 0) return kSyntaxError;
+    std::memset(octets, 0, room);
+    length = static_cast<uint8_t>(SScanHexByte(text, octets, static_cast<int>(count / 2)));
+    return 0;
+}
 
 int ReadAddress(char *text, BACnetAddress &address) {
     char *part[2];

@@ -4,10 +4,16 @@
 #ifndef BACFMT_CONSTRUCTED_RECIPIENTS_H
 #define BACFMT_CONSTRUCTED_RECIPIENTS_H
 
+#include <cstddef>
+#include <cstdint>
+
 #include <bacfmt/contents.h>
 
 namespace bacfmt {
 
+// "0x" (or X'') and pairs of hexadecimal digits, at most `room` octets:
+// 0, or -2 for an odd number of digits, a bad digit or too many octets.
+int ReadOctetField(char *text, uint8_t *octets, size_t room, uint8_t &length);
 // "network,0xMAC".
 int ReadAddress(char *text, BACnetAddress &address);
 // "[0] (type,instance)" or "[1] (network,0xMAC)".

@@ -8,8 +8,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 #include "constructed/fields.h"
+#include "constructed/nested_frame.h"
 #include "scan/lexical.h"
 #include "scan/scan_list.h"
 
@@ -46,6 +48,46 @@ int ScanTuples(char *text, void **payload, int32_t *count, int32_t sizeOnly, IsO
         if (!SplitParts(element, part)) return kSyntaxError;
         return ReadAllParts(part, value, read);
     });
+}
+
+// The same frame for values whose fields own nested parts:
+// `read(part, element, parts)` returns the bytes they add.
+template <typename Element, size_t N, typename IsOne, typename Read>
+int ScanNestedTuples(char *text, void **payload, int32_t separateLists, void **tail, int32_t *count,
+                     int32_t sizeOnly, IsOne isOne, Read read) {
+    if (text == nullptr) return kSyntaxError;
+    const char *start = text;
+    SaveText(strBackup, text);
+    {
+        ElementList elements(text);
+        if (elements.count() < 0) return kSyntaxError;
+        if (elements.count() == static_cast<int>(N)) {
+            WalkedParts<N> one(elements);
+            if (isOne(one.part, start)) {
+                return ScanNestedElements<Element>(one, payload, separateLists, tail, count, sizeOnly,
+                                                   [&one, &read](char *, Element &element, NestedParts &parts) {
+                                                       for (char *p : one.part)
+                                                           if (p == nullptr) return kSyntaxError;
+                                                       return read(one.part, element, parts);
+                                                   });
+            }
+        }
+    }
+    RestoreText(text, strBackup);
+    ElementList elements(text);
+    return ScanNestedElements<Element>(elements, payload, separateLists, tail, count, sizeOnly,
+                                       [&read](char *element, Element &value, NestedParts &parts) {
+                                           char *part[N];
+                                           if (!SplitParts(element, part)) return kSyntaxError;
+                                           return read(part, value, parts);
+                                       });
+}
+
+// One value's first field is a plain word (a list's first element holds
+// commas).
+template <size_t N>
+bool FirstIsPlain(char *const (&part)[N], const char *) {
+    return part[0] != nullptr && std::strchr(part[0], ',') == nullptr;
 }
 
 // The usual test: one value's last field is not a group of its own (a

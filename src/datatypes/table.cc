@@ -12,6 +12,7 @@
 #include "constructed/commands.h"
 #include "constructed/event_parameters.h"
 #include "constructed/log_records.h"
+#include "constructed/network_security.h"
 #include "constructed/priority.h"
 #include "constructed/calendar.h"
 #include "constructed/schedule.h"
@@ -182,9 +183,9 @@ constexpr DatatypeInfo kRows[] = {
     Frees(Scans(Row(CT_EVENT_LOG_RECORD, "CT_EVENT_LOG_RECORD", sizeof(BACnetEventLogRecord), Print<BACnetSPrintEventLogRecord>, {131}), ScanWith<BACnetSScanEventLogRecord>(K::Variable)), ReleaseEventLogRecords),
     Frees(Scans(Row(CT_LOG_RECORD_MULTIPLE, "CT_LOG_RECORD_MULTIPLE", sizeof(BACnetLogRecordMultiple), Print<BACnetSPrintLogRecordMultiple>, {131}), ScanWith<BACnetSScanLogRecordMultiple>(K::Variable)), ReleaseLogRecordsMultiple),
     Scans(Row(CT_SHED_LEVEL,       "CT_SHED_LEVEL",       sizeof(BACnetShedLevel),   Print<BACnetSPrintShedLevel>),  ScanWith<BACnetSScanShedLevel>(K::Fixed)),
-    Row(CT_AUTHENTICATION_POLICY,  "CT_AUTHENTICATION_POLICY",  16),
+    Frees(Scans(Row(CT_AUTHENTICATION_POLICY, "CT_AUTHENTICATION_POLICY", sizeof(BACnetAuthenticationPolicy), Print<BACnetSPrintAuthenticationPolicy>), ScanWith<BACnetSScanAuthenticationPolicy>(K::VariableArrayCursor)), ReleaseAuthenticationPolicies),
     Frees(Scans(Row(CT_AUTHENTICATION_FACTOR, "CT_AUTHENTICATION_FACTOR", sizeof(BACnetAuthenticationFactor), Print<BACnetSPrintAuthenticationFactor>), ScanWith<BACnetSScanAuthenticationFactor>(K::VariableArrayCursor)), ReleaseAuthenticationFactors),
-    Row(CT_CREDENTIAL_AUTHENTICATION_FACTOR, "CT_CREDENTIAL_AUTHENTICATION_FACTOR", 24),
+    Frees(Scans(Row(CT_CREDENTIAL_AUTHENTICATION_FACTOR, "CT_CREDENTIAL_AUTHENTICATION_FACTOR", sizeof(BACnetCredentialAuthenticationFactor), Print<BACnetSPrintCredentialAuthenticationFactor>), ScanWith<BACnetSScanCredentialAuthenticationFactor>(K::VariableArrayCursor)), ReleaseCredentialAuthenticationFactors),
     Scans(Row(CT_ACCESS_RULE, "CT_ACCESS_RULE", sizeof(BACnetAccessRule), Print<BACnetSPrintAccessRule>), ScanWith<BACnetSScanAccessRule>(K::Fixed)),
     Scans(Row(CT_ASSIGNED_ACCESS_RIGHTS, "CT_ASSIGNED_ACCESS_RIGHTS", sizeof(BACnetAssignedAccessRights), Print<BACnetSPrintAssignedAccessRights>), ScanWith<BACnetSScanAssignedAccessRights>(K::Fixed)),
     Scans(Row(CT_AUTHENTICATION_FACTOR_FORMAT, "CT_AUTHENTICATION_FACTOR_FORMAT", sizeof(BACnetAuthenticationFactorFormat), Print<BACnetSPrintAuthenticationFactorFormat>), ScanWith<BACnetSScanAuthenticationFactorFormat>(K::Fixed)),
@@ -192,10 +193,10 @@ constexpr DatatypeInfo kRows[] = {
         PrintOptionalCharacterStringElement, {7, 39}), ScanWith<BACnetSScanOptionalCharString>(K::Variable)), kFreeChars),
     Frees(Scans(Row(CT_PROPERTY_ACCESS_RESULT, "CT_PROPERTY_ACCESS_RESULT", sizeof(BACnetPropertyAccessResult), Print<BACnetSPrintPropertyAccessResult>), ScanWith<BACnetSScanPropertyAccessResult>(K::VariableArrayCursor)), ReleasePropertyAccessResults),
     Scans(Row(CT_VT_SESSION, "CT_VT_SESSION", sizeof(BACnetVtSession), Print<BACnetSPrintVtSession>), ScanWith<BACnetSScanVtSession>(K::Fixed)),
-    Row(CT_SESSION_KEY,            "CT_SESSION_KEY",            24),
+    Scans(Row(CT_SESSION_KEY, "CT_SESSION_KEY", sizeof(BACnetSessionKey), Print<BACnetSPrintSessionKey>), ScanWith<BACnetSScanSessionKey>(K::Fixed)),
     Scans(Row(CT_NETWORK_SECURITY_POLICY, "CT_NETWORK_SECURITY_POLICY", sizeof(BACnetNetworkSecurityPolicy), Print<BACnetSPrintNetworkSecurityPolicy>), ScanWith<BACnetSScanNetworkSecurityPolicy>(K::Fixed)),
     Scans(Row(CT_KEY_IDENTIFIER, "CT_KEY_IDENTIFIER", sizeof(BACnetKeyIdentifier), Print<BACnetSPrintKeyIdentifier>), ScanWith<BACnetSScanKeyIdentifier>(K::Fixed)),
-    Row(CT_SECURITY_KEY_SET,       "CT_SECURITY_KEY_SET",       52),
+    Frees(Scans(Row(CT_SECURITY_KEY_SET, "CT_SECURITY_KEY_SET", sizeof(BACnetSecurityKeySet), Print<BACnetSPrintSecurityKeySet>), ScanWith<BACnetSScanSecurityKeySet>(K::Variable)), ReleaseSecurityKeySets),
     Scans(Row(CT_LIGHTING_COMMAND, "CT_LIGHTING_COMMAND", sizeof(BACnetLightingCommand), Print<BACnetSPrintLightingCommand>), ScanWith<BACnetSScanLightingCommand>(K::Fixed)),
     Frees(Scans(Row(CT_CHANNEL_VALUE, "CT_CHANNEL_VALUE", sizeof(BACnetChannelValue), Print<BACnetSPrintChannelValue>), ScanWith<BACnetSScanChannelValue>(K::Variable)), ReleaseChannelValues),
     Scans(Row(CT_EVENT_NOTIFICATION_SUBSCRIPTION, "CT_EVENT_NOTIFICATION_SUBSCRIPTION", sizeof(BACnetEventNotificationSubscription), Print<BACnetSPrintEventNotificationSubscription>), ScanWith<BACnetSScanEventNotificationSubscription>(K::Fixed)),
