@@ -11,6 +11,7 @@
 
 #include "accept_value.h"
 #include "catalogue_type.h"
+#include "notification_scan.h"
 #include "commands.h"
 #include "input_file.h"
 #include "names.h"
@@ -26,6 +27,7 @@ constexpr uint32_t kNoProperty = 0xFFFFFFFFu;
 constexpr uint8_t kLastPrefixMode = 2;
 
 struct ScanOptions {
+    bool notification = false;  // --type notification-parameters
     ScanRequest scan;
     PrintRequest print{kNoProperty, true, 0};
     bool dump = false;
@@ -58,6 +60,19 @@ void Dump(const ScannedValue &value, const std::string &source) {
 // read from standard input.
 bool ScanOne(const Command &self, std::string_view text, const std::string &where,
              const ScanOptions &options) {
+    if (options.notification) {
+        if (const auto printed = ScanNotificationParameters(text, options.print.symbolic)) {
+            std::printf("%s", printed->c_str());
+            return true;
+        }
+        const std::string message = "not notification parameters, or they do not read back: " + QuoteForMessage(text);
+        if (where.empty()) {
+            PrintError(self.name, message);
+        } else {
+            std::fprintf(stderr, "%s%s\n", where.c_str(), message.c_str());
+        }
+        return false;
+    }
     AcceptRequest request{options.scan, options.print, false};
     auto result = AcceptValue(text, request);
     if (const auto *problem = std::get_if<ValueProblem>(&result)) {
@@ -155,6 +170,11 @@ int RunScan(const Command &self, int argc, char **argv) {
         switch (c) {
             case 'h': return kExitOk;
             case 't':
+                if (argument == kNotificationParametersType) {
+                    options.notification = true;
+                    typeGiven = true;
+                    break;
+                }
                 if (const auto code = DatatypeFromText(argument)) {
                     options.scan.datatype = *code;
                     typeGiven = true;
@@ -224,7 +244,7 @@ const Command kScanCommand{
     "\n"
     "Options:\n"
     "  -t, --type T          datatype by code or name (64, CT_REAL, real,\n"
-    "                        date-time)\n"
+    "                        date-time), or notification-parameters\n"
     "  -p, --property P      property by name or number: its enumeration\n"
     "                        names are read and printed, its list rules\n"
     "                        apply, its catalogue datatype is used\n"
