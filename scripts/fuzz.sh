@@ -13,7 +13,7 @@ build=${BACFMT_FUZZ_BUILD_DIR:-$root/build-fuzz}
 keep=${2:-${BACFMT_FUZZ_KEEP:-$build/found}}
 # target:corpus, as fuzz/CMakeLists.txt names them.
 pairs="fuzz_scan_contents:scan fuzz_lexical:lexical fuzz_print:print fuzz_charset:charset
-       fuzz_scan_content:scan_content fuzz_lookups:lookups fuzz_walk_differential:walk_differential"
+       fuzz_scan_content:scan_content fuzz_lookups:lookups fuzz_walk_differential:walk_differential fuzz_array_scan:array_scan"
 
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT

@@ -10,7 +10,7 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 build=${BACFMT_COVERAGE_BUILD_DIR:-$root/build-coverage}
 found=${1:-${BACFMT_FUZZ_KEEP:-$root/build-fuzz/found}}
 pairs="fuzz_scan_contents:scan fuzz_lexical:lexical fuzz_print:print fuzz_charset:charset
-       fuzz_scan_content:scan_content fuzz_lookups:lookups"
+       fuzz_scan_content:scan_content fuzz_lookups:lookups fuzz_array_scan:array_scan"
 targets=$(for pair in $pairs; do echo "${pair%%:*}"; done)
 
 work=$(mktemp -d)

@@ -5,6 +5,7 @@
 #include <bacfmt/contents.h>
 #include <bacfmt/print.h>
 #include <bacfmt/scan.h>
+#include <bacfmt/array_scan.h>
 #include <bacfmt/diag.h>
 #include <bacfmt/service.h>
 #include <bacfmt/catalog.h>
