@@ -26,13 +26,33 @@ void List(int (*scan)(const char *, Element *, uint32_t *), const char *text) {
     if (count > kRoom) __builtin_trap();
 }
 
+constexpr uint32_t kRoomBytes = 4096;
+
+template <typename Element>
+void Nested(int (*scan)(const char *, Element *, void *, uint32_t), const char *text) {
+    Element element{};
+    alignas(8) static unsigned char room[kRoomBytes];
+    scan(text, &element, room, kRoomBytes);
+}
+
+template <typename Element>
+void NestedList(int (*scan)(const char *, Element *, uint32_t *, void *, uint32_t), const char *text) {
+    uint32_t count = 0;
+    scan(text, nullptr, &count, nullptr, 0);
+    Element elements[kRoom] = {};
+    alignas(8) static unsigned char room[kRoomBytes];
+    count = kRoom;
+    scan(text, elements, &count, room, kRoomBytes);
+    if (count > kRoom) __builtin_trap();
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     if (size < 1) return 0;
     const std::string text(reinterpret_cast<const char *>(data + 1), size - 1);
     const char *t = text.c_str();
-    switch (static_cast<uint8_t>(data[0] - 0x20) % 34) {
+    switch (static_cast<uint8_t>(data[0] - 0x20) % 42) {
     case 0: Element1(BACnetScanTime, t); break;
     case 1: Element1(BACnetScanDate, t); break;
     case 2: Element1(BACnetScanDateTime, t); break;
@@ -78,6 +98,23 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     case 28: List(BACnetScanRecipientList, t); break;
     case 29: List(BACnetScanAddressBindingList, t); break;
     case 30: List(BACnetScanDestinationList, t); break;
+    case 31: Nested(BACnetScanTimeValue, t); break;
+    case 32: Nested(BACnetScanSpecialEvent, t); break;
+    case 33: Nested(BACnetScanEventParameter, t); break;
+    case 34: Nested(BACnetScanFaultParameter, t); break;
+    case 35: Nested(BACnetScanActionCommand, t); break;
+    case 36: Nested(BACnetScanTaggedValue, t); break;
+    case 37: Nested(BACnetScanReadAccessSpec, t); break;
+    case 38: {
+        BACnetPriArrayItem slots[16] = {};
+        alignas(8) unsigned char room[2048];
+        BACnetScanPriorityArray(t, slots, room, sizeof room);
+        break;
+    }
+    case 39: NestedList(BACnetScanDailySchedule, t); break;
+    case 40: NestedList(BACnetScanSpecialEventList, t); break;
+    case 41: NestedList(BACnetScanTimeValueList, t); NestedList(BACnetScanActionCommandList, t);
+             NestedList(BACnetScanActionCommandListArray, t); NestedList(BACnetScanReadAccessSpecList, t); break;
     default: {
         uint32_t count = 0;
         BACnetScanEnumList(t, nullptr, &count, 117);

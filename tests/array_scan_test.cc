@@ -115,4 +115,37 @@ TEST(ArrayScan, ConstructedElementsReadWhatPrints) {
     EXPECT_EQ(BACnetScanWeekNDay(nullptr, &pattern), EINVAL);
 }
 
+// Nested parts go into the caller's room, which must hold them.
+TEST(ArrayScan, NestedPartsInTheCallersRoom) {
+    alignas(8) unsigned char room[512];
+    BACnetTimeValue pair{};
+    ASSERT_EQ(BACnetScanTimeValue("(08:00:00.00,[4] 21.5)", &pair, room, sizeof room), 0);
+    EXPECT_EQ(pair.time.hour, 8);
+    EXPECT_EQ(pair.value.type, static_cast<uint32_t>(CT_REAL));
+    EXPECT_GE(static_cast<unsigned char *>(pair.value.data), room);
+    EXPECT_EQ(BACnetScanTimeValue("(08:00:00.00,[4] 21.5)", &pair, room, 8), EINVAL);  // too small
+    EXPECT_EQ(BACnetScanTimeValue("(08:00:00.00,[4] 21.5)", &pair, nullptr, 16), EINVAL);
+
+    BACnetDailySchedule week[7] = {};
+    uint32_t count = 0;
+    const char *text = "(((07:00:00.00,[9] 1)),(),((06:30:00.00,[9] 1),(18:00:00.00,[9] 0)),(),(),(),())";
+    ASSERT_EQ(BACnetScanDailySchedule(text, nullptr, &count, nullptr, 0), 0);
+    EXPECT_EQ(count, 7u);
+    std::vector<unsigned char> big(4096);
+    ASSERT_EQ(BACnetScanDailySchedule(text, week, &count, big.data(), static_cast<uint32_t>(big.size())), 0);
+    EXPECT_EQ(week[2].count, 2u);
+    count = 6;  // room for six days only
+    EXPECT_EQ(BACnetScanDailySchedule(text, week, &count, big.data(), static_cast<uint32_t>(big.size())), EINVAL);
+
+    BACnetPriArrayItem slots[16] = {};
+    ASSERT_EQ(BACnetScanPriorityArray("(NULL,NULL,NULL,NULL,NULL,NULL,NULL,active,NULL,NULL,NULL,NULL,NULL,NULL,NULL,21.5)",
+                                      slots, room, sizeof room), 0);
+    EXPECT_EQ(slots[15].type, static_cast<uint32_t>(CT_REAL));
+    EXPECT_EQ(BACnetScanPriorityArray("(NULL,1)", slots, room, sizeof room), EINVAL);  // not sixteen
+
+    BACnetActionCommand command{};
+    ASSERT_EQ(BACnetScanActionCommand("(-,(4,1),present-value,-,[9] 1,8,-,F,F)", &command, room, sizeof room), 0);
+    EXPECT_EQ(command.priority, 8u);
+}
+
 }  // namespace

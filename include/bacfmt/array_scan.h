@@ -72,6 +72,47 @@ BACFMT_API int BACnetScanDestinationList(const char *text, BACnetDestination *el
 BACFMT_API int BACnetScanEnumList(const char *text, uint32_t *elements, uint32_t *count,
                                   uint32_t propertyId);
 
+/* Values whose elements own nested parts (a time/value's value, a special
+ * event's pairs, a command's value, ...) lay those parts out in the
+ * caller's `room`: it must hold what the scanner's sizing pass counts
+ * beyond the elements plus BACNET_ARRAY_SCAN_SLACK bytes (for the values
+ * whose filling pass takes more), else the result is 22 and nothing is
+ * written. `room` may be null when `roomSize` is 0. */
+#define BACNET_ARRAY_SCAN_SLACK 64u
+
+BACFMT_API int BACnetScanTimeValue(const char *text, BACnetTimeValue *element, void *room,
+                                   uint32_t roomSize);
+BACFMT_API int BACnetScanSpecialEvent(const char *text, BACnetSpecialEvent *element, void *room,
+                                      uint32_t roomSize);
+BACFMT_API int BACnetScanEventParameter(const char *text, BACnetEventParameter *element, void *room,
+                                        uint32_t roomSize);
+BACFMT_API int BACnetScanFaultParameter(const char *text, BACnetFaultParameter *element, void *room,
+                                        uint32_t roomSize);
+/* One command, or a tagged primitive value ("[4] 21.5", "[7] text"). */
+BACFMT_API int BACnetScanActionCommand(const char *text, BACnetActionCommand *element, void *room,
+                                       uint32_t roomSize);
+BACFMT_API int BACnetScanTaggedValue(const char *text, BACnetChannelValue *element, void *room,
+                                     uint32_t roomSize);
+BACFMT_API int BACnetScanReadAccessSpec(const char *text, BACnetReadAccessSpec *element, void *room,
+                                        uint32_t roomSize);
+/* The sixteen slots of a priority array. */
+BACFMT_API int BACnetScanPriorityArray(const char *text, BACnetPriArrayItem *sixteenItems, void *room,
+                                       uint32_t roomSize);
+/* Lists of them: with `elements` null only `*count` is set; otherwise
+ * `*count` is the room for elements in, the number read out. */
+BACFMT_API int BACnetScanTimeValueList(const char *text, BACnetTimeValue *elements, uint32_t *count,
+                                       void *room, uint32_t roomSize);
+BACFMT_API int BACnetScanDailySchedule(const char *text, BACnetDailySchedule *elements,
+                                       uint32_t *count, void *room, uint32_t roomSize);
+BACFMT_API int BACnetScanSpecialEventList(const char *text, BACnetSpecialEvent *elements,
+                                          uint32_t *count, void *room, uint32_t roomSize);
+BACFMT_API int BACnetScanActionCommandList(const char *text, BACnetActionCommand *elements,
+                                           uint32_t *count, void *room, uint32_t roomSize);
+BACFMT_API int BACnetScanActionCommandListArray(const char *text, BACnetActionList *elements,
+                                                uint32_t *count, void *room, uint32_t roomSize);
+BACFMT_API int BACnetScanReadAccessSpecList(const char *text, BACnetReadAccessSpec *elements,
+                                            uint32_t *count, void *room, uint32_t roomSize);
+
 #ifdef __cplusplus
 }
 #endif
