@@ -114,7 +114,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     case 39: NestedList(BACnetScanDailySchedule, t); break;
     case 40: NestedList(BACnetScanSpecialEventList, t); break;
     case 41: NestedList(BACnetScanTimeValueList, t); NestedList(BACnetScanActionCommandList, t);
-             NestedList(BACnetScanActionCommandListArray, t); NestedList(BACnetScanReadAccessSpecList, t); break;
+             NestedList(BACnetScanActionCommandListArray, t); NestedList(BACnetScanReadAccessSpecList, t);
+             NestedList(BACnetScanExtendedValues, t); Nested(BACnetScanOctetString, t); break;
     default: {
         uint32_t count = 0;
         BACnetScanEnumList(t, nullptr, &count, 117);

@@ -143,6 +143,15 @@ TEST(ArrayScan, NestedPartsInTheCallersRoom) {
     EXPECT_EQ(slots[15].type, static_cast<uint32_t>(CT_REAL));
     EXPECT_EQ(BACnetScanPriorityArray("(NULL,1)", slots, room, sizeof room), EINVAL);  // not sixteen
 
+    BACnetExtendedParameter values[3] = {};
+    count = 3;
+    ASSERT_EQ(BACnetScanExtendedValues("([2] 5,[4] 1.5,[6] 0x0a0b)", values, &count, room, sizeof room), 0);
+    EXPECT_EQ(count, 3u);
+    EXPECT_EQ(values[2].type, static_cast<uint32_t>(CT_OCTET_STRING));
+    BACnetOctetString octets{};
+    ASSERT_EQ(BACnetScanOctetString("0x0a0b0c", &octets, room, sizeof room), 0);
+    EXPECT_EQ(octets.length, 3u);
+
     BACnetActionCommand command{};
     ASSERT_EQ(BACnetScanActionCommand("(-,(4,1),present-value,-,[9] 1,8,-,F,F)", &command, room, sizeof room), 0);
     EXPECT_EQ(command.priority, 8u);

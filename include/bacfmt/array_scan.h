@@ -110,6 +110,12 @@ BACFMT_API int BACnetScanActionCommandList(const char *text, BACnetActionCommand
                                            uint32_t *count, void *room, uint32_t roomSize);
 BACFMT_API int BACnetScanActionCommandListArray(const char *text, BACnetActionList *elements,
                                                 uint32_t *count, void *room, uint32_t roomSize);
+/* The extended values of an event or fault parameter, "([tag] value,...)". */
+BACFMT_API int BACnetScanExtendedValues(const char *text, BACnetExtendedParameter *elements,
+                                        uint32_t *count, void *room, uint32_t roomSize);
+/* One octet string "0x..." into `element`, its octets in the room. */
+BACFMT_API int BACnetScanOctetString(const char *text, BACnetOctetString *element, void *room,
+                                     uint32_t roomSize);
 BACFMT_API int BACnetScanReadAccessSpecList(const char *text, BACnetReadAccessSpec *elements,
                                             uint32_t *count, void *room, uint32_t roomSize);
 

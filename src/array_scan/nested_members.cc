@@ -9,6 +9,8 @@
 #include <bacfmt/array_scan.h>
 #include <bacfmt/scan.h>
 
+#include "constructed/event_parameters.h"
+
 namespace bacfmt {
 namespace {
 
@@ -99,3 +101,5 @@ BACFMT_NESTED_LIST(BACnetScanSpecialEventList, BACnetSpecialEvent, BACnetSScanSp
 BACFMT_NESTED_LIST(BACnetScanActionCommandList, BACnetActionCommand, BACnetSScanActionList)
 BACFMT_NESTED_LIST(BACnetScanActionCommandListArray, BACnetActionList, BACnetSScanActionListArray)
 BACFMT_NESTED_LIST(BACnetScanReadAccessSpecList, BACnetReadAccessSpec, BACnetSScanReadAccessSpec)
+BACFMT_NESTED_LIST(BACnetScanExtendedValues, BACnetExtendedParameter, bacfmt::ScanEventExtendedParameters)
+BACFMT_NESTED_ELEMENT(BACnetScanOctetString, BACnetOctetString, BACnetSScanOctetString)

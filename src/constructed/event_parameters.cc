@@ -223,19 +223,6 @@ int ScanEnumItems(char *text, void **payload, int32_t *count, int32_t sizeOnly) 
     });
 }
 
-int ReadExtendedParameter(char *text, BACnetExtendedParameter &parameter, NestedParts &parts) {
-    static const ExtendedRules rules{CT_DEV_OBJ_PROP_REFERENCE, kEventExtendedTypes, kUnsupported};
-    return ReadExtendedValue(text, parameter.type, &parameter.u, sizeof parameter.u, parts, rules);
-}
-
-int ScanExtendedParameters(char *text, void **payload, int32_t separateLists, void **tail, int32_t *count,
-                           int32_t sizeOnly) {
-    ElementList items(text);
-    if (items.count() < 0) return kUnsupported;  // a list that does not split
-    return ScanNestedElements<BACnetExtendedParameter>(items, payload, separateLists, tail, count, sizeOnly,
-                                                       ReadExtendedParameter);
-}
-
 // A list an element points to, at the tail or in a block of its own; the
 // tail moves past it. Returns the list's bytes.
 template <typename Scanner, typename Element, typename Count>
@@ -331,7 +318,7 @@ int ReadFields(char *const *part, Parameter &value, NestedParts &parts) {
         auto &extended = u.extended;
         const int fields = All(whole(part[0], extended.vendorId), whole(part[1], extended.extendedType));
         if (fields < 0) return fields;
-        const int list = ReadList(parts, ScanExtendedParameters, part[2], extended.parameters, extended.count);
+        const int list = ReadList(parts, ScanEventExtendedParameters, part[2], extended.parameters, extended.count);
         return list < 0 || parts.sizing() ? list : kExtendedListCount;
     }
     case 11:
@@ -377,6 +364,19 @@ int ReadFields(char *const *part, Parameter &value, NestedParts &parts) {
 }
 
 }  // namespace
+
+int ReadEventExtendedParameter(char *text, BACnetExtendedParameter &parameter, NestedParts &parts) {
+    static const ExtendedRules rules{CT_DEV_OBJ_PROP_REFERENCE, kEventExtendedTypes, kUnsupported};
+    return ReadExtendedValue(text, parameter.type, &parameter.u, sizeof parameter.u, parts, rules);
+}
+
+int ScanEventExtendedParameters(char *text, void **payload, int32_t separateLists, void **tail, int32_t *count,
+                           int32_t sizeOnly) {
+    ElementList items(text);
+    if (items.count() < 0) return kUnsupported;  // a list that does not split
+    return ScanNestedElements<BACnetExtendedParameter>(items, payload, separateLists, tail, count, sizeOnly,
+                                                       ReadEventExtendedParameter);
+}
 
 int ReadEventParameter(char *text, BACnetEventParameter &value, NestedParts &parts) {
     char *after = nullptr;

@@ -16,6 +16,12 @@ int ReadEventParameter(char *text, BACnetEventParameter &value, NestedParts &par
 // "[fault type] fields", the same way.
 int ReadFaultParameter(char *text, BACnetFaultParameter &value, NestedParts &parts);
 
+// "[tag] value" of an event or fault parameter's extended values, and the
+// scanner of a list of them in the six-argument form.
+int ReadEventExtendedParameter(char *text, BACnetExtendedParameter &parameter, NestedParts &parts);
+int ScanEventExtendedParameters(char *text, void **payload, int32_t separateLists, void **tail, int32_t *count,
+                                int32_t sizeOnly);
+
 void ReleaseEventParameters(void *elements, uint32_t count);
 void ReleaseFaultParameters(void *elements, uint32_t count);
 
