@@ -11,6 +11,7 @@
 
 #include "accept_value.h"
 #include "catalogue_type.h"
+#include "array_read.h"
 #include "notification_scan.h"
 #include "commands.h"
 #include "input_file.h"
@@ -28,6 +29,7 @@ constexpr uint8_t kLastPrefixMode = 2;
 
 struct ScanOptions {
     bool notification = false;  // --type notification-parameters
+    bool arrays = false;        // --array
     ScanRequest scan;
     PrintRequest print{kNoProperty, true, 0};
     bool dump = false;
@@ -60,6 +62,15 @@ void Dump(const ScannedValue &value, const std::string &source) {
 // read from standard input.
 bool ScanOne(const Command &self, std::string_view text, const std::string &where,
              const ScanOptions &options) {
+    if (options.arrays) {
+        const auto reading = ReadThroughArrays(options.scan.datatype, text, options.print.symbolic);
+        if (!reading) {
+            PrintError(self.name, "no array scanner for " + DatatypeName(options.scan.datatype));
+            return false;
+        }
+        std::printf("%s\nerror\t%d\n", reading->printed.c_str(), reading->error);
+        return reading->error == 0;
+    }
     if (options.notification) {
         if (const auto printed = ScanNotificationParameters(text, options.print.symbolic)) {
             std::printf("%s", printed->c_str());
@@ -158,13 +169,14 @@ int RunScan(const Command &self, int argc, char **argv) {
     bool typeGiven = false;
     bool propertyGiven = false;
     std::optional<uint32_t> objectType;
-    OptionParser parser(self, argc, argv, "t:p:o:nP:d",
+    OptionParser parser(self, argc, argv, "t:p:o:nP:da",
                         {{"type", required_argument, nullptr, 't'},
                          {"property", required_argument, nullptr, 'p'},
                          {"object-type", required_argument, nullptr, 'o'},
                          {"numbers", no_argument, nullptr, 'n'},
                          {"prefix", required_argument, nullptr, 'P'},
-                         {"dump", no_argument, nullptr, 'd'}});
+                         {"dump", no_argument, nullptr, 'd'},
+                         {"array", no_argument, nullptr, 'a'}});
     for (int c; (c = parser.Next()) != -1;) {
         const std::string argument = parser.Argument() != nullptr ? parser.Argument() : "";
         switch (c) {
@@ -200,10 +212,12 @@ int RunScan(const Command &self, int argc, char **argv) {
                 }
                 return UsageError(self.name, "prefix mode must be 0, 1 or 2, not '" + argument + "'");
             case 'd': options.dump = true; break;
+            case 'a': options.arrays = true; break;
             default: return kExitUsage;
         }
     }
     if (objectType && !propertyGiven) return UsageError(self.name, "-o needs a property (-p)");
+    if (options.arrays && !typeGiven) return UsageError(self.name, "--array needs a datatype (-t)");
     if (typeGiven) {
         options.datatypeSource = "--type";
     } else if (propertyGiven) {
@@ -257,6 +271,10 @@ const Command kScanCommand{
     "  -d, --dump            also show the record (type, where the datatype\n"
     "                        came from, count, size) and the payload bytes in\n"
     "                        hex\n"
+    "  -a, --array           read through the array scanners instead (as a\n"
+    "                        stack with arrays of its own would): the\n"
+    "                        elements, then \"error<TAB>N\" with the error\n"
+    "                        number (0, 22); needs --type\n"
     "  -h, --help            show this help\n"
     "\n"
     "Exit status: 0 all texts scanned, 1 some text failed, 2 usage error or\n"
