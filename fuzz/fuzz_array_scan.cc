@@ -52,7 +52,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     if (size < 1) return 0;
     const std::string text(reinterpret_cast<const char *>(data + 1), size - 1);
     const char *t = text.c_str();
-    switch (static_cast<uint8_t>(data[0] - 0x20) % 42) {
+    switch (static_cast<uint8_t>(data[0] - 0x20) % 43) {
     case 0: Element1(BACnetScanTime, t); break;
     case 1: Element1(BACnetScanDate, t); break;
     case 2: Element1(BACnetScanDateTime, t); break;
