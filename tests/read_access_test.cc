@@ -94,13 +94,13 @@ TEST(ReadAccess, Quirks) {
     void *tail = nullptr;
     int32_t count = 0;
     const int sized = BACnetSScanReadAccessSpec(sizingText, &none, 0, &tail, &count, 1);
-    BACnetReadAccessSpec spec[2]{};
-    void *slot = spec;
+    BACnetReadAccessSpec specification[2]{};
+    void *slot = specification;
     count = 0;
     const int used = BACnetSScanReadAccessSpec(fillingText, &slot, 0, &tail, &count, 0);
     EXPECT_EQ(used, sized + static_cast<int>(sizeof(BACnetObjectID)));
     EXPECT_EQ(count, 1);
-    EXPECT_EQ(spec[0].count, 0u);
+    EXPECT_EQ(specification[0].count, 0u);
 
     // Scanning its own list in separate blocks, the specification makes
     // room for one element and refuses more.

@@ -197,9 +197,9 @@ TEST(Summaries, PositionWrapsAtItsWidth) {
     // 50 references in one read-multiple specification: its 16-bit
     // position goes past 255.
     std::vector<ReadMultipleProperty> properties(50, ReadMultipleProperty{kPresentValue, 1});
-    const ReadMultipleSpec spec{kAnalogInput1, 50, properties.data()};
+    const ReadMultipleSpec specification{kAnalogInput1, 50, properties.data()};
     const int oneReference = static_cast<int>(std::strlen("(present-value,Idx 1),"));
-    EXPECT_EQ(Summary(With(SPrintReadMultipleInfo, ReadMultipleInfo{1, &spec}), kBufferBytes).result,
+    EXPECT_EQ(Summary(With(SPrintReadMultipleInfo, ReadMultipleInfo{1, &specification}), kBufferBytes).result,
               28 + 50 * oneReference + 1);
 }
 

@@ -125,7 +125,7 @@ typedef struct ReadMultipleSpec {
 /* ReadPropertyMultiple (8 bytes). */
 typedef struct ReadMultipleInfo {
     uint32_t specCount;
-    const ReadMultipleSpec *specs;
+    const ReadMultipleSpec *specifications;
 } ReadMultipleInfo;
 
 /* One WritePropertyMultiple specification (16 bytes). */
@@ -138,7 +138,7 @@ typedef struct WriteMultipleSpec {
 /* WritePropertyMultiple (8 bytes). */
 typedef struct WriteMultipleInfo {
     uint32_t specCount;
-    const WriteMultipleSpec *specs;
+    const WriteMultipleSpec *specifications;
 } WriteMultipleInfo;
 
 /* COV notification (32 bytes). */

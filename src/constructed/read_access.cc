@@ -145,18 +145,18 @@ int ScanObjectLists(char *text, void **payload, int32_t separateLists, void **ta
         WhenAllocated::RoomForOne);
 }
 
-int ReadSpecParts(char *objectText, char *references, bool list, BACnetReadAccessSpec &spec,
+int ReadSpecificationParts(char *objectText, char *references, bool list, BACnetReadAccessSpec &specification,
                   NestedParts &parts) {
     if (!parts.sizing()) {
-        const int result = ScanOneElement(BACnetSScanObjectID, objectText, spec.object);
+        const int result = ScanOneElement(BACnetSScanObjectID, objectText, specification.object);
         if (result < 0) return result;
     }
     int bytes = CountObject(parts, list);
-    spec.references = nullptr;
-    spec.count = 0;
+    specification.references = nullptr;
+    specification.count = 0;
     if (IsEmptyGroup(references, objectText)) return kSyntaxError;  // "()" lists nothing
     if (references[0] != '\0') {
-        const int result = parts.Array(BACnetSScanPropertyReference, references, spec.references, spec.count);
+        const int result = parts.Array(BACnetSScanPropertyReference, references, specification.references, specification.count);
         if (result < 0) return result;
         if (!parts.sizing() && !parts.separate()) parts.Advance(result);
         bytes += result;
@@ -185,10 +185,10 @@ int ReadResultParts(char *objectText, char *items, bool list, BACnetReadAccessRe
 
 }  // namespace
 
-int ReadReadAccessSpec(char *text, BACnetReadAccessSpec &spec, NestedParts &parts) {
+int ReadReadAccessSpec(char *text, BACnetReadAccessSpec &specification, NestedParts &parts) {
     char *pair[2];
     if (!SplitParts(text, pair)) return kSyntaxError;
-    return ReadSpecParts(pair[0], pair[1], false, spec, parts);
+    return ReadSpecificationParts(pair[0], pair[1], false, specification, parts);
 }
 
 int ReadReadAccessResult(char *text, BACnetReadAccessResult &result, NestedParts &parts) {
@@ -236,9 +236,9 @@ int ReadAccessResultParts(char *(&part)[5], BACnetPropertyAccessResult &result, 
 
 }  // namespace
 
-void ReleaseReadAccessSpecs(void *specs, uint32_t count) {
-    ReleaseEach<BACnetReadAccessSpec>(specs, count, [](BACnetReadAccessSpec &spec) {
-        ReleaseArray(spec.references, spec.count, [](BACnetPropertyReference &) {});
+void ReleaseReadAccessSpecs(void *specifications, uint32_t count) {
+    ReleaseEach<BACnetReadAccessSpec>(specifications, count, [](BACnetReadAccessSpec &specification) {
+        ReleaseArray(specification.references, specification.count, [](BACnetPropertyReference &) {});
     });
 }
 
@@ -314,7 +314,7 @@ extern "C" int BACnetSPrintErrorType(char *dst, int size, const BACnetErrorType 
 extern "C" int BACnetSScanReadAccessSpec(char *text, void **payload, int32_t separateLists,
                                          void **tail, int32_t *count, int32_t sizeOnly) {
     return ScanObjectLists<BACnetReadAccessSpec>(text, payload, separateLists, tail, count, sizeOnly,
-                                                 ReadSpecParts);
+                                                 ReadSpecificationParts);
 }
 
 extern "C" int BACnetSScanReadAccessResult(char *text, void **payload, int32_t separateLists,

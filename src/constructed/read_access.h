@@ -10,7 +10,7 @@
 namespace bacfmt {
 
 // "object,(references)" content of one specification.
-int ReadReadAccessSpec(char *text, BACnetReadAccessSpec &spec, NestedParts &parts);
+int ReadReadAccessSpec(char *text, BACnetReadAccessSpec &specification, NestedParts &parts);
 // "object,(items)" content of one result.
 int ReadReadAccessResult(char *text, BACnetReadAccessResult &result, NestedParts &parts);
 // "property,index,[4] value" or "property,index,[5] (class,code)".
@@ -19,7 +19,7 @@ int ReadReadAccessResultItem(char *text, BACnetReadAccessResultItem &item, Neste
 int ReadPropertyAccessResult(char *text, BACnetPropertyAccessResult &result, NestedParts &parts);
 
 // Release hooks of the datatype table.
-void ReleaseReadAccessSpecs(void *specs, uint32_t count);
+void ReleaseReadAccessSpecs(void *specifications, uint32_t count);
 void ReleaseReadAccessResults(void *results, uint32_t count);
 void ReleasePropertyAccessResults(void *results, uint32_t count);
 

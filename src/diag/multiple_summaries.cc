@@ -15,15 +15,15 @@ using namespace bacfmt;
 extern "C" int SPrintReadMultipleInfo(char *dst, int size, const ReadMultipleInfo *r) {
     LongSummary out(dst, size);
     for (uint32_t s = 0; s < r->specCount; ++s) {
-        const ReadMultipleSpec &spec = r->specs[s];
+        const ReadMultipleSpec &request = r->specifications[s];
         out.Copy("Obj:");
         if (out.Reached()) break;
-        out.Put(SPrintObjectId, &spec.object);
+        out.Put(SPrintObjectId, &request.object);
         if (out.Reached()) break;
         out.Copy(",Props:\n");
         if (out.Reached()) break;
-        for (uint32_t p = 0; p < spec.propertyCount; ++p) {
-            const ReadMultipleProperty &property = spec.properties[p];
+        for (uint32_t p = 0; p < request.propertyCount; ++p) {
+            const ReadMultipleProperty &property = request.properties[p];
             out.Append("(%s,Idx %d),", BACnetPropIDString(property.propertyId), property.arrayIndex);
             if (out.Reached()) return out.position();
         }
@@ -39,13 +39,13 @@ extern "C" int SPrintReadMultipleInfo(char *dst, int size, const ReadMultipleInf
 extern "C" int SPrintWriteMultipleInfo(char *dst, int size, const WriteMultipleInfo *r) {
     LongSummary out(dst, size);
     for (uint32_t s = 0; s < r->specCount; ++s) {
-        const WriteMultipleSpec &spec = r->specs[s];
+        const WriteMultipleSpec &request = r->specifications[s];
         out.Append("Obj:");
         if (out.Reached()) break;
-        out.Put(SPrintObjectId, &spec.object);
+        out.Put(SPrintObjectId, &request.object);
         if (out.Reached()) break;
-        for (uint32_t v = 0; v < spec.valueCount; ++v) {
-            const BACnetPropertyValue &value = spec.values[v];
+        for (uint32_t v = 0; v < request.valueCount; ++v) {
+            const BACnetPropertyValue &value = request.values[v];
             out.Append(",Prop:%s,Idx:%d,Value:", BACnetPropIDString(value.propertyId),
                        static_cast<int>(value.arrayIndex));
             out.Put(BACnetSPrintContents, &value.value, value.propertyId, uint8_t{0}, uint8_t{0});
