@@ -92,9 +92,8 @@ int ReadPortPermission(char *const (&part)[2], BACnetPortPermission &permission)
 int ReadPolicyParts(char *const (&part)[3], BACnetAuthenticationPolicy &policy, NestedParts &parts) {
     policy.entries = nullptr;
     policy.count = 0;
-    const int entries = parts.Array(ScanPolicyEntries, part[0], policy.entries, policy.count);
+    const int entries = parts.ArrayAtTail(ScanPolicyEntries, part[0], policy.entries, policy.count);
     if (entries < 0) return entries;
-    if (!parts.sizing() && !parts.separate()) parts.Advance(entries);
     int result = ReadBooleanField(part[1], policy.orderEnforced);
     if (result < 0 || (result = ReadNumberField(part[2], policy.timeout)) < 0) return result;
     return entries;

@@ -111,10 +111,7 @@ int ReadActionCommand(char *text, BACnetActionCommand &command, NestedParts &par
 }
 
 int ReadActionList(char *text, BACnetActionList &list, NestedParts &parts) {
-    const int result = parts.Array(BACnetSScanActionList, text, list.commands, list.count);
-    if (result < 0) return result;
-    if (!parts.sizing() && !parts.separate()) parts.Advance(result);
-    return result;
+    return parts.ArrayAtTail(BACnetSScanActionList, text, list.commands, list.count);
 }
 
 int ReadLightingCommand(char *text, BACnetLightingCommand &command) {

@@ -211,29 +211,6 @@ int ScanBitStrings(char *text, void **payload, int32_t *count, int32_t sizeOnly)
     return BACnetSScanBitString(text, payload, count, nullptr, sizeOnly);
 }
 
-// An enumeration list's item: the number behind the last hyphen that a
-// digit follows, a number, or a name of the table of `Key`.
-template <uint32_t Key>
-int ScanEnumItems(char *text, void **payload, int32_t *count, int32_t sizeOnly) {
-    return ScanList<uint32_t>(text, payload, count, sizeOnly, [](char *item, uint32_t &value) {
-        item = NumberedPart(item);
-        value = IsDecimalDigit(item[0]) ? static_cast<uint32_t>(TextToSigned(item))
-                                        : static_cast<uint32_t>(BACnetGetEnumValue(item, Key, 0, 0));
-        return 0;
-    });
-}
-
-// A list an element points to, at the tail or in a block of its own; the
-// tail moves past it. Returns the list's bytes.
-template <typename Scanner, typename Element, typename Count>
-int ReadList(NestedParts &parts, Scanner scanner, char *text, Element *&items, Count &count) {
-    items = nullptr;
-    count = 0;
-    const int result = parts.Array(scanner, text, items, count);
-    if (result >= 0 && !parts.sizing() && !parts.separate()) parts.Advance(result);
-    return result;
-}
-
 template <typename Field>
 int ReadValue(NestedParts &parts, uint32_t code, char *text, Field &field) {
     return parts.sizing() ? 0 : parts.InlineElement(code, text, &field, sizeof field);
@@ -271,12 +248,12 @@ int ReadFields(char *const *part, Parameter &value, NestedParts &parts) {
     case 0: {
         auto &change = u.changeOfBitstring;
         const int fields = All(whole(part[0], change.timeDelay), [&] { return ReadValue(parts, CT_BIT_STRING, part[1], change.bitmask); });
-        return fields < 0 ? fields : ReadList(parts, ScanBitStrings, part[2], change.values, change.count);
+        return fields < 0 ? fields : parts.ArrayAtTail(ScanBitStrings, part[2], change.values, change.count);
     }
     case 1: {
         auto &change = u.changeOfState;
         const int fields = ReadValue(parts, CT_UNSIGNED, part[0], change.timeDelay);
-        return fields < 0 ? fields : ReadList(parts, BACnetSScanPropertyStates, part[1], change.values, change.count);
+        return fields < 0 ? fields : parts.ArrayAtTail(BACnetSScanPropertyStates, part[1], change.values, change.count);
     }
     case 2: {
         auto &change = u.changeOfValue;
@@ -307,9 +284,9 @@ int ReadFields(char *const *part, Parameter &value, NestedParts &parts) {
         auto &change = u.changeOfLifeSafety;
         int result = ReadValue(parts, CT_UNSIGNED, part[0], change.timeDelay);
         if (result < 0) return result;
-        const int first = ReadList(parts, ScanEnumItems<kLifeSafetyKey>, part[1], change.lifeSafetyValues, change.lifeSafetyCount);
+        const int first = parts.ArrayAtTail(ScanEnumItems<kLifeSafetyKey>, part[1], change.lifeSafetyValues, change.lifeSafetyCount);
         if (first < 0) return first;
-        const int second = ReadList(parts, ScanEnumItems<kLifeSafetyKey>, part[2], change.alarmValues, change.alarmCount);
+        const int second = parts.ArrayAtTail(ScanEnumItems<kLifeSafetyKey>, part[2], change.alarmValues, change.alarmCount);
         if (second < 0) return second;
         result = ReadReference(parts, part[3], change.mode);
         return result < 0 ? result : first + second;
@@ -318,14 +295,14 @@ int ReadFields(char *const *part, Parameter &value, NestedParts &parts) {
         auto &extended = u.extended;
         const int fields = All(whole(part[0], extended.vendorId), whole(part[1], extended.extendedType));
         if (fields < 0) return fields;
-        const int list = ReadList(parts, ScanEventExtendedParameters, part[2], extended.parameters, extended.count);
+        const int list = parts.ArrayAtTail(ScanEventExtendedParameters, part[2], extended.parameters, extended.count);
         return list < 0 || parts.sizing() ? list : kExtendedListCount;
     }
     case 11:
         return whole3(u.unsignedRange.timeDelay, u.unsignedRange.lowLimit, u.unsignedRange.highLimit);
     case 13: {
         auto &event = u.accessEvent;
-        const int list = ReadList(parts, ScanEnumItems<kAccessEventScanKey>, part[0], event.accessEvents, event.count);
+        const int list = parts.ArrayAtTail(ScanEnumItems<kAccessEventScanKey>, part[0], event.accessEvents, event.count);
         if (list < 0) return list;
         const int reference = ReadReference(parts, part[1], event.timeReference);
         return reference < 0 ? reference : list;
@@ -352,7 +329,7 @@ int ReadFields(char *const *part, Parameter &value, NestedParts &parts) {
         auto &change = u.changeOfCharacterString;
         const int fields = ReadValue(parts, CT_UNSIGNED, part[0], change.timeDelay);
         if (fields < 0) return fields;
-        const int list = ReadList(parts, BACnetSScanString, part[1], change.strings, change.count);
+        const int list = parts.ArrayAtTail(BACnetSScanString, part[1], change.strings, change.count);
         return list < 0 || parts.sizing() ? list : 0;
     }
     case 18:

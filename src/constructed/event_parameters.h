@@ -6,7 +6,12 @@
 
 #include <bacfmt/contents.h>
 
+#include <bacfmt/enumtext.h>
+
+#include "constructed/fields.h"
 #include "constructed/nested_frame.h"
+#include "scan/numbers.h"
+#include "scan/scan_list.h"
 
 namespace bacfmt {
 
@@ -21,6 +26,19 @@ int ReadFaultParameter(char *text, BACnetFaultParameter &value, NestedParts &par
 int ReadEventExtendedParameter(char *text, BACnetExtendedParameter &parameter, NestedParts &parts);
 int ScanEventExtendedParameters(char *text, void **payload, int32_t separateLists, void **tail, int32_t *count,
                                 int32_t sizeOnly);
+
+// An enumeration list's items, as event and fault parameters read them:
+// the number behind the last hyphen that a digit follows, a number, or a
+// name of the table of `Key`.
+template <uint32_t Key>
+int ScanEnumItems(char *text, void **payload, int32_t *count, int32_t sizeOnly) {
+    return ScanList<uint32_t>(text, payload, count, sizeOnly, [](char *item, uint32_t &value) {
+        item = NumberedPart(item);
+        value = IsDecimalDigit(item[0]) ? static_cast<uint32_t>(TextToSigned(item))
+                                        : static_cast<uint32_t>(BACnetGetEnumValue(item, Key, 0, 0));
+        return 0;
+    });
+}
 
 void ReleaseEventParameters(void *elements, uint32_t count);
 void ReleaseFaultParameters(void *elements, uint32_t count);

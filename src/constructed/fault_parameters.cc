@@ -115,24 +115,6 @@ int ScanExtendedParameters(char *text, void **payload, int32_t separateLists, vo
                                                        ReadExtendedParameter);
 }
 
-int ScanLifeSafetyValues(char *text, void **payload, int32_t *count, int32_t sizeOnly) {
-    return ScanList<uint32_t>(text, payload, count, sizeOnly, [](char *item, uint32_t &value) {
-        item = NumberedPart(item);
-        value = IsDecimalDigit(item[0]) ? static_cast<uint32_t>(TextToSigned(item))
-                                        : static_cast<uint32_t>(BACnetGetEnumValue(item, kLifeSafetyKey, 0, 0));
-        return 0;
-    });
-}
-
-template <typename Scanner, typename Element, typename Count>
-int ReadList(NestedParts &parts, Scanner scanner, char *text, Element *&items, Count &count) {
-    items = nullptr;
-    count = 0;
-    const int result = parts.Array(scanner, text, items, count);
-    if (result >= 0 && !parts.sizing() && !parts.separate()) parts.Advance(result);
-    return result;
-}
-
 // Exactly `n` trimmed fields of `text`.
 template <size_t N>
 bool Fields(char *text, char *(&field)[N]) {
@@ -155,7 +137,7 @@ int ReadFaultParameter(char *text, BACnetFaultParameter &value, NestedParts &par
         if (value.faultType == 0) return kUnsupported;
         return ScanOneElement(BACnetSScanDevObjPropReference, after, u.statusFlags);
     case 1:
-        return ReadList(parts, BACnetSScanString, after, u.characterString.strings, u.characterString.count);
+        return parts.ArrayAtTail(BACnetSScanString, after, u.characterString.strings, u.characterString.count);
     case 2: {
         auto &extended = u.extended;
         char *field[3];
@@ -166,20 +148,20 @@ int ReadFaultParameter(char *text, BACnetFaultParameter &value, NestedParts &par
                                                             sizeof extended.extendedType)) < 0)
                 return result;
         }
-        const int list = ReadList(parts, ScanExtendedParameters, field[2], extended.parameters, extended.count);
+        const int list = parts.ArrayAtTail(ScanExtendedParameters, field[2], extended.parameters, extended.count);
         return list < 0 || parts.sizing() ? list : kExtendedListCount;
     }
     case 3: {
         auto &safety = u.lifeSafety;
         char *field[2];
         if (!Fields(after, field)) return kSyntaxError;
-        const int list = ReadList(parts, ScanLifeSafetyValues, field[0], safety.values, safety.count);
+        const int list = parts.ArrayAtTail(ScanEnumItems<kLifeSafetyKey>, field[0], safety.values, safety.count);
         if (list < 0 || parts.sizing()) return list;
         const int reference = ScanOneElement(BACnetSScanDevObjPropReference, field[1], safety.mode);
         return reference < 0 ? reference : list;
     }
     case 4:
-        return ReadList(parts, BACnetSScanPropertyStates, after, u.state.values, u.state.count);
+        return parts.ArrayAtTail(BACnetSScanPropertyStates, after, u.state.values, u.state.count);
     default:
         return kUnsupported;
     }

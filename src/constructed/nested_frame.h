@@ -76,6 +76,15 @@ public:
         return result;
     }
 
+    // Array(), with the tail moved past the array in single-block mode: a
+    // list that the element's next list follows.
+    template <typename Scanner, typename Element, typename Count>
+    int ArrayAtTail(Scanner scanner, char *text, Element *&array, Count &count) {
+        const int result = Array(scanner, text, array, count);
+        if (result >= 0 && !sizing_ && !separate_) Advance(result);
+        return result;
+    }
+
     // Scans the text of one element of datatype `code` straight into
     // `element` with the table's scanner for that code (a value held in an
     // element rather than behind a record: a channel value, a priority

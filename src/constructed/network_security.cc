@@ -46,9 +46,7 @@ int ReadKeySetParts(char *const (&part)[4], BACnetSecurityKeySet &set, NestedPar
             return result;
     }
     if (part[3][0] == '\0') return 0;  // no keys
-    const int keys = parts.Array(BACnetSScanKeyIdentifier, part[3], set.keyIds, set.count);
-    if (keys >= 0 && !parts.sizing() && !parts.separate()) parts.Advance(keys);
-    return keys;
+    return parts.ArrayAtTail(BACnetSScanKeyIdentifier, part[3], set.keyIds, set.count);
 }
 
 }  // namespace

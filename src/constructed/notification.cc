@@ -267,10 +267,8 @@ char *Untagged(char *text) {
 
 // "(value,...)": an array of its own; the bytes beyond one value.
 int ReadPropertyValues(char *text, BACnetPropertyValue *&values, uint32_t &count, NestedParts &parts) {
-    const int result = parts.Array(BACnetSScanPropertyValue, text, values, count);
-    if (result < 0) return result;
-    if (!parts.sizing() && !parts.separate()) parts.Advance(result);
-    return result - static_cast<int>(sizeof(BACnetPropertyValue));
+    const int result = parts.ArrayAtTail(BACnetSScanPropertyValue, text, values, count);
+    return result < 0 ? result : result - static_cast<int>(sizeof(BACnetPropertyValue));
 }
 
 int ReadExtendedParameter(char *text, Extended &parameter, NestedParts &parts) {
@@ -420,9 +418,7 @@ int ReadNestedFields(char *const *part, Parameters &value, NestedParts &parts) {
         }
         extended.parameters = nullptr;
         extended.count = 0;
-        const int result = parts.Array(ScanExtendedParameters, part[2], extended.parameters, extended.count);
-        if (result >= 0 && !parts.sizing() && !parts.separate()) parts.Advance(result);
-        return result;
+        return parts.ArrayAtTail(ScanExtendedParameters, part[2], extended.parameters, extended.count);
     }
     case 17: {
         auto &change = u.changeOfCharacterString;

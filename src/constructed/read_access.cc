@@ -156,9 +156,8 @@ int ReadSpecificationParts(char *objectText, char *references, bool list, BACnet
     specification.count = 0;
     if (IsEmptyGroup(references, objectText)) return kSyntaxError;  // "()" lists nothing
     if (references[0] != '\0') {
-        const int result = parts.Array(BACnetSScanPropertyReference, references, specification.references, specification.count);
+        const int result = parts.ArrayAtTail(BACnetSScanPropertyReference, references, specification.references, specification.count);
         if (result < 0) return result;
-        if (!parts.sizing() && !parts.separate()) parts.Advance(result);
         bytes += result;
     }
     return bytes;
@@ -174,9 +173,8 @@ int ReadResultParts(char *objectText, char *items, bool list, BACnetReadAccessRe
     result.items = nullptr;
     result.count = 0;
     if (items[0] != '\0') {
-        const int scanned = parts.Array(BACnetSScanReadAccessResultItem, items, result.items, result.count);
+        const int scanned = parts.ArrayAtTail(BACnetSScanReadAccessResultItem, items, result.items, result.count);
         if (scanned < 0) return scanned;
-        if (!parts.sizing() && !parts.separate()) parts.Advance(scanned);
         bytes += scanned;
     }
     result.itemCount = result.count;
